@@ -1,0 +1,103 @@
+// The operations that libmoxplatform exports under their standard names. Their meaning is the documented one; what
+// differs or is worth saying stands here. Every out place must not be null unless it says so.
+#pragma once
+
+#include <mox/abi/typeinfo.h>
+
+#define MOX_EXPORT extern "C" __attribute__((visibility("default")))
+
+// ---- strings: a BSTR of null counts as empty everywhere
+MOX_EXPORT BSTR SysAllocString(LPCOLESTR psz);
+MOX_EXPORT BSTR SysAllocStringLen(LPCOLESTR strIn, UINT ui);
+MOX_EXPORT BSTR SysAllocStringByteLen(const char* psz, UINT len);
+MOX_EXPORT INT SysReAllocString(BSTR* pbstr, LPCOLESTR psz);
+MOX_EXPORT INT SysReAllocStringLen(BSTR* pbstr, LPCOLESTR psz, UINT len);
+MOX_EXPORT void SysFreeString(BSTR bstrString);
+MOX_EXPORT UINT SysStringLen(BSTR bstr);
+MOX_EXPORT UINT SysStringByteLen(BSTR bstr);
+
+// ---- variants
+MOX_EXPORT void VariantInit(VARIANTARG* pvarg);
+MOX_EXPORT HRESULT VariantClear(VARIANTARG* pvarg);
+MOX_EXPORT HRESULT VariantCopy(VARIANTARG* pvargDest, const VARIANTARG* pvargSrc);
+MOX_EXPORT HRESULT VariantCopyInd(VARIANT* pvarDest, const VARIANTARG* pvargSrc);
+MOX_EXPORT HRESULT VariantChangeType(VARIANTARG* pvargDest, const VARIANTARG* pvarSrc, USHORT wFlags, VARTYPE vt);
+MOX_EXPORT HRESULT VariantChangeTypeEx(VARIANTARG* pvargDest, const VARIANTARG* pvarSrc, LCID lcid, USHORT wFlags, VARTYPE vt);
+MOX_EXPORT INT SystemTimeToVariantTime(const SYSTEMTIME* lpSystemTime, DOUBLE* pvtime);
+MOX_EXPORT INT VariantTimeToSystemTime(DOUBLE vtime, SYSTEMTIME* lpSystemTime);
+
+// ---- arrays
+MOX_EXPORT SAFEARRAY* SafeArrayCreate(VARTYPE vt, UINT cDims, SAFEARRAYBOUND* rgsabound);
+MOX_EXPORT SAFEARRAY* SafeArrayCreateEx(VARTYPE vt, UINT cDims, SAFEARRAYBOUND* rgsabound, PVOID pvExtra);
+MOX_EXPORT SAFEARRAY* SafeArrayCreateVector(VARTYPE vt, LONG lLbound, ULONG cElements);
+MOX_EXPORT SAFEARRAY* SafeArrayCreateVectorEx(VARTYPE vt, LONG lLbound, ULONG cElements, PVOID pvExtra);
+MOX_EXPORT HRESULT SafeArrayAllocDescriptor(UINT cDims, SAFEARRAY** ppsaOut);
+MOX_EXPORT HRESULT SafeArrayAllocDescriptorEx(VARTYPE vt, UINT cDims, SAFEARRAY** ppsaOut);
+MOX_EXPORT HRESULT SafeArrayAllocData(SAFEARRAY* psa);
+MOX_EXPORT HRESULT SafeArrayDestroyDescriptor(SAFEARRAY* psa);
+MOX_EXPORT HRESULT SafeArrayDestroyData(SAFEARRAY* psa);
+MOX_EXPORT HRESULT SafeArrayDestroy(SAFEARRAY* psa);
+MOX_EXPORT HRESULT SafeArrayRedim(SAFEARRAY* psa, SAFEARRAYBOUND* psaboundNew);
+MOX_EXPORT HRESULT SafeArrayCopy(SAFEARRAY* psa, SAFEARRAY** ppsaOut);
+MOX_EXPORT HRESULT SafeArrayCopyData(SAFEARRAY* psaSource, SAFEARRAY* psaTarget);
+MOX_EXPORT UINT SafeArrayGetDim(SAFEARRAY* psa);
+MOX_EXPORT UINT SafeArrayGetElemsize(SAFEARRAY* psa);
+MOX_EXPORT HRESULT SafeArrayGetUBound(SAFEARRAY* psa, UINT nDim, LONG* plUbound);
+MOX_EXPORT HRESULT SafeArrayGetLBound(SAFEARRAY* psa, UINT nDim, LONG* plLbound);
+MOX_EXPORT HRESULT SafeArrayGetVartype(SAFEARRAY* psa, VARTYPE* pvt);
+MOX_EXPORT HRESULT SafeArrayLock(SAFEARRAY* psa);
+MOX_EXPORT HRESULT SafeArrayUnlock(SAFEARRAY* psa);
+MOX_EXPORT HRESULT SafeArrayAccessData(SAFEARRAY* psa, PVOID* ppvData);
+MOX_EXPORT HRESULT SafeArrayUnaccessData(SAFEARRAY* psa);
+MOX_EXPORT HRESULT SafeArrayGetElement(SAFEARRAY* psa, LONG* rgIndices, PVOID pv);
+MOX_EXPORT HRESULT SafeArrayPutElement(SAFEARRAY* psa, LONG* rgIndices, PVOID pv);
+MOX_EXPORT HRESULT SafeArrayPtrOfIndex(SAFEARRAY* psa, LONG* rgIndices, PVOID* ppvData);
+MOX_EXPORT HRESULT SafeArraySetRecordInfo(SAFEARRAY* psa, IRecordInfo* prinfo);
+MOX_EXPORT HRESULT SafeArrayGetRecordInfo(SAFEARRAY* psa, IRecordInfo** prinfo);
+MOX_EXPORT HRESULT SafeArraySetIID(SAFEARRAY* psa, REFGUID guid);
+MOX_EXPORT HRESULT SafeArrayGetIID(SAFEARRAY* psa, GUID* pguid);
+
+// ---- task memory and identifiers
+MOX_EXPORT PVOID CoTaskMemAlloc(std::size_t cb);
+MOX_EXPORT PVOID CoTaskMemRealloc(PVOID pv, std::size_t cb);
+MOX_EXPORT void CoTaskMemFree(PVOID pv);
+MOX_EXPORT HRESULT CoCreateGuid(GUID* pguid);
+MOX_EXPORT BOOL IsEqualGUID(REFGUID rguid1, REFGUID rguid2);
+MOX_EXPORT INT StringFromGUID2(REFGUID rguid, LPOLESTR lpsz, INT cchMax);
+MOX_EXPORT HRESULT StringFromCLSID(REFCLSID rclsid, LPOLESTR* lplpsz);
+MOX_EXPORT HRESULT StringFromIID(REFIID rclsid, LPOLESTR* lplpsz);
+/// Takes the text form of an identifier, or a ProgID.
+MOX_EXPORT HRESULT CLSIDFromString(LPCOLESTR lpsz, CLSID* pclsid);
+MOX_EXPORT HRESULT IIDFromString(LPCOLESTR lpsz, IID* lpiid);
+
+// ---- error objects: one pending error object a thread
+MOX_EXPORT HRESULT SetErrorInfo(ULONG dwReserved, IErrorInfo* perrinfo);
+MOX_EXPORT HRESULT GetErrorInfo(ULONG dwReserved, IErrorInfo** pperrinfo);
+MOX_EXPORT HRESULT CreateErrorInfo(ICreateErrorInfo** pperrinfo);
+
+// ---- apartments and creation
+inline constexpr DWORD COINIT_MULTITHREADED = 0x0;
+inline constexpr DWORD COINIT_APARTMENTTHREADED = 0x2;
+inline constexpr DWORD CLSCTX_INPROC_SERVER = 0x1;
+
+/// Every thread that creates or calls objects is an apartment of its own; there is no multithreaded apartment, so
+/// `COINIT_MULTITHREADED` gives `RPC_E_CHANGED_MODE`.
+MOX_EXPORT HRESULT CoInitializeEx(PVOID pvReserved, DWORD dwCoInit);
+MOX_EXPORT HRESULT CoInitialize(PVOID pvReserved);
+MOX_EXPORT void CoUninitialize();
+MOX_EXPORT HRESULT CoGetClassObject(REFCLSID rclsid, DWORD dwClsContext, PVOID pvReserved, REFIID riid, PVOID* ppv);
+MOX_EXPORT HRESULT CoCreateInstance(REFCLSID rclsid, IUnknown* pUnkOuter, DWORD dwClsContext, REFIID riid, PVOID* ppv);
+MOX_EXPORT HRESULT CLSIDFromProgID(LPCOLESTR lpszProgID, CLSID* lpclsid);
+MOX_EXPORT HRESULT ProgIDFromCLSID(REFCLSID clsid, LPOLESTR* lplpszProgID);
+MOX_EXPORT void CoFreeUnusedLibraries();
+
+// ---- dispatch and type libraries
+MOX_EXPORT HRESULT DispGetIDsOfNames(ITypeInfo* ptinfo, LPOLESTR* rgszNames, UINT cNames, DISPID* rgdispid);
+MOX_EXPORT HRESULT DispInvoke(PVOID _this, ITypeInfo* ptinfo, DISPID dispidMember, WORD wFlags, DISPPARAMS* pparams,
+                              VARIANT* pvarResult, EXCEPINFO* pexcepinfo, UINT* puArgErr);
+/// Loads the type library of a server file.
+MOX_EXPORT HRESULT LoadTypeLib(LPCOLESTR szFile, ITypeLib** pptlib);
+/// Finds a record of a library that is loaded in this process.
+MOX_EXPORT HRESULT GetRecordInfoFromGuids(REFGUID rGuidTypeLib, ULONG uVerMajor, ULONG uVerMinor, LCID lcid,
+                                          REFGUID rGuidTypeInfo, IRecordInfo** ppRecInfo);
+MOX_EXPORT HRESULT GetRecordInfoFromTypeInfo(ITypeInfo* pTypeInfo, IRecordInfo** ppRecInfo);

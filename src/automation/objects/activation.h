@@ -1,0 +1,61 @@
+// Finding and loading server files.
+#pragma once
+
+#include "automation/objects/export.h"
+
+#include <mox/automation.h>
+
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <string_view>
+#include <vector>
+
+namespace mox::automation {
+
+/// The class identifier behind a ProgID, of a loaded file or of one that is loaded for it. `CO_E_CLASSSTRING` if there is none.
+HRESULT classOfProgId(std::u16string_view progId, CLSID& id);
+
+/// One loaded server file.
+class Server {
+public:
+    /// Loads the file. `CO_E_DLLNOTFOUND` or `CO_E_ERRORINDLL` in `status` where that fails.
+    Server(std::filesystem::path path, HRESULT& status);
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+    ~Server();
+
+    const std::filesystem::path& path() const noexcept { return path_; }
+    HRESULT getClassObject(REFCLSID id, REFIID iid, void** result) const;
+    bool canUnload() const;
+
+private:
+    std::filesystem::path path_;
+    void* handle_ = nullptr;
+    HRESULT (*getClassObject_)(REFCLSID, REFIID, void**) = nullptr;
+    HRESULT (*canUnloadNow_)() = nullptr;
+};
+
+/// The server files that this process has loaded for `CoGetClassObject`.
+class Servers {
+public:
+    static Servers& ofProcess();
+
+    /// The class object of `id` from the first server that has it. Servers are those of the environment variable MOX_SERVER (files,
+    /// separated by colons), else the library's own server beside this library.
+    HRESULT getClassObject(REFCLSID id, REFIID iid, void** result);
+    /// The type library of a server file.
+    HRESULT getTypeLib(const std::filesystem::path& path, ITypeLib** result);
+    /// Loads every server that is known; true if that loaded one more.
+    bool loadAll();
+    /// Unloads the files that nothing uses.
+    void freeUnused();
+
+private:
+    std::shared_ptr<Server> load(const std::filesystem::path& path, HRESULT& status);
+
+    std::recursive_mutex guard_;
+    std::vector<std::shared_ptr<Server>> loaded_;
+};
+
+} // namespace mox::automation

@@ -1,0 +1,33 @@
+// Patterns of names with wildcards.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mox::host {
+
+/// A pattern as the find functions of DOS and Windows have it. `*` stands for any characters; `?` for one, or for none in front of a dot and
+/// at the end of the name. A dot in front of a wildcard may be missing at the end of the name: `*.*` is everything, `a.*` also finds `a`.
+/// `*.` at the end finds names without an extension. Case does not count.
+class NamePattern {
+public:
+    /// `pattern`: UTF-8.
+    explicit NamePattern(std::string_view pattern);
+
+    /// `name`: in upper case.
+    bool matches(std::u32string_view name) const noexcept;
+
+    static bool hasWildcards(std::string_view text) noexcept { return text.find_first_of("*?") != std::string_view::npos; }
+
+private:
+    enum class Kind { character, any, one, dotOrEnd, restWithoutDot };
+    struct Token {
+        Kind kind;
+        char32_t character = 0;
+    };
+
+    std::vector<Token> tokens_;
+};
+
+} // namespace mox::host

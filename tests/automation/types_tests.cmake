@@ -1,0 +1,16 @@
+set(AUTOMATION_TYPES_TESTS
+    bstr_test.cpp
+    date_text_test.cpp
+    error_object_test.cpp
+    guid_test.cpp
+    safearray_copy_test.cpp
+    safearray_element_test.cpp
+    safearray_test.cpp
+    task_memory_test.cpp
+    unicode_test.cpp
+    variant_change_number_test.cpp
+    variant_change_test.cpp
+    variant_change_text_test.cpp
+    variant_test.cpp
+    variant_time_test.cpp
+)
