@@ -1,18 +1,20 @@
-// Short forms of dispatch calls for tests.
+// Dispatch calls in short.
 #pragma once
+
+#include "automation/typelib/library.h"
+#include "sample_library.h"
 
 #include <mox/values.h>
 
-#include <initializer_list>
-#include <string>
+#include <gtest/gtest.h>
+
 #include <utility>
 #include <vector>
 
 namespace mox::test {
 
 /// A by-reference argument onto a place of the test. An object is given as plain IDispatch, as clients have it.
-template <class Value>
-Variant byRef(Value& place) {
+template <class Value> Variant byRef(Value& place) {
     VARIANT argument{};
     argument.vt = VT_BYREF | variantType<Value>;
     argument.byref = &place;
@@ -60,5 +62,26 @@ inline Outcome invoke(IDispatch& object, DISPID id, WORD flags, std::vector<Vari
     SysFreeString(exception.bstrHelpFile);
     return outcome;
 }
+
+/// A sample object and calls of it. Nothing of the library may be left at the end.
+struct DispatchTest : testing::Test {
+    DispatchTest() { typelib::addLibrary(sample::sampleLibrary); }
+    ~DispatchTest() override {
+        object = nullptr;
+        EXPECT_EQ(sample::sampleState.locks, 0);
+        typelib::removeLibrary(sample::sampleLibrary);
+    }
+    Outcome method(DISPID id, std::vector<Variant> arguments, std::vector<Named> named = {}) {
+        return invoke(*object, id, DISPATCH_METHOD, std::move(arguments), std::move(named));
+    }
+    Outcome get(DISPID id, std::vector<Variant> arguments = {}) {
+        return invoke(*object, id, DISPATCH_PROPERTYGET, std::move(arguments));
+    }
+    Outcome put(DISPID id, Variant value, WORD flags = DISPATCH_PROPERTYPUT, std::vector<Variant> arguments = {}) {
+        return invoke(*object, id, flags, std::move(arguments), {{DISPID_PROPERTYPUT, std::move(value)}});
+    }
+
+    Ref<sample::ISample> object = sample::makeSample();
+};
 
 } // namespace mox::test

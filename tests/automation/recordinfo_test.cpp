@@ -15,6 +15,7 @@ using namespace sample;
 struct RecordInfoTest : testing::Test {
     RecordInfoTest() {
         typelib::addLibrary(sampleLibrary);
+        info = recordInfo<SampleRecord>();
         record.Name = u"first";
         record.Values = {1, 2, 3};
         record.Position = {4, 5};
@@ -41,7 +42,7 @@ struct RecordInfoTest : testing::Test {
         return info->PutField(flags, &record, field, &value);
     }
 
-    Ref<IRecordInfo> info = recordInfo<SampleRecord>();
+    Ref<IRecordInfo> info;
     SampleRecord record;
 };
 
@@ -220,12 +221,14 @@ TEST_F(RecordInfoTest, refusesWhatDoesNotFitAndKeepsTheField) {
 }
 
 TEST_F(RecordInfoTest, putsByValueLikeAnAssignmentWithoutSet) {
-    // An object in the field is asked for its default property, which this one has not.
-    EXPECT_EQ(put(u"Object", Long{1}, INVOKE_PROPERTYPUT), DISP_E_MEMBERNOTFOUND);
-    EXPECT_TRUE(record.Object);
+    // The value goes to the default property of the object in the field; that of Sample is its name.
+    const Ref<IDispatch> present = record.Object;
+    EXPECT_EQ(put(u"Object", Long{1}, INVOKE_PROPERTYPUT), S_OK);
+    EXPECT_EQ(record.Object, present);
+    EXPECT_EQ(test::invoke(*present, DISPID_VALUE, DISPATCH_PROPERTYGET, {}).result.as<String>(), u"1");
     record.Object = nullptr;
     EXPECT_EQ(put(u"Object", Ref<IDispatch>(makeSample()), INVOKE_PROPERTYPUT), E_INVALIDARG);
-    // The default property of Sample is its name: a variant gets that instead of the object.
+    // A variant gets the default property of the object instead of the object.
     const Ref<ISample> named = makeSample();
     ASSERT_EQ(named->put_Name(String(u"default").get()), S_OK);
     EXPECT_EQ(put(u"Anything", Ref<IDispatch>(named), INVOKE_PROPERTYPUT), S_OK);

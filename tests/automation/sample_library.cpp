@@ -20,8 +20,7 @@ constexpr GUID sampleId(std::uint32_t number) {
 
 // ---- the look-up tables of an interface, as the compiler of a library works them out
 
-template <std::size_t size>
-constexpr std::array<std::int16_t, size> tableById(std::span<const Member> members) {
+template <std::size_t size> constexpr std::array<std::int16_t, size> tableById(std::span<const Member> members) {
     std::array<std::int16_t, size> table;
     table.fill(-1);
     for (std::size_t i = members.size(); i-- > 0;) {
@@ -32,8 +31,7 @@ constexpr std::array<std::int16_t, size> tableById(std::span<const Member> membe
     return table;
 }
 
-template <std::size_t size>
-constexpr std::array<std::int16_t, size> tableByName(std::span<const Member> members) {
+template <std::size_t size> constexpr std::array<std::int16_t, size> tableByName(std::span<const Member> members) {
     std::array<std::int16_t, size> table;
     table.fill(-1);
     for (std::size_t i = 0; i < members.size(); ++i) {
@@ -93,7 +91,8 @@ constexpr std::array valueKind{Parameter{u"Value", named(kindType), in, {}}};
 constexpr std::array valueSample{Parameter{u"Value", object(sampleInterface), in, {}}};
 constexpr std::array cellArguments{Parameter{u"Row", longType, in, {}}, Parameter{u"Column", longType, in, {}},
                                    Parameter{u"Value", longType, in, {}}};
-constexpr std::array minMaxArguments{Parameter{u"LongValue", longType, in, {}}, Parameter{u"MinValue", longType, defaulted, {Constant::Kind::Integer, 0}},
+constexpr std::array minMaxArguments{Parameter{u"LongValue", longType, in, {}},
+                                     Parameter{u"MinValue", longType, defaulted, {Constant::Kind::Integer, 0}},
                                      Parameter{u"MaxValue", longType, defaulted, {Constant::Kind::Integer, 100}}};
 constexpr std::array addArguments{Parameter{u"A", longType, in, {}}, Parameter{u"B", longType, in, {}}};
 constexpr std::array describeArguments{
@@ -105,13 +104,16 @@ constexpr std::array describeArguments{
     Parameter{u"Object", plain(VT_DISPATCH), defaulted, {Constant::Kind::Nothing}},
     Parameter{u"Extra", plain(VT_VARIANT), optional, {}},
 };
-constexpr std::array swapArguments{Parameter{u"A", reference(longType), inOut, {}}, Parameter{u"B", reference(longType), inOut, {}}};
+constexpr std::array swapArguments{Parameter{u"A", reference(longType), inOut, {}},
+                                   Parameter{u"B", reference(longType), inOut, {}}};
 constexpr std::array appendArguments{Parameter{u"Text", reference(textType), inOut, {}},
                                      Parameter{u"Count", reference(plain(VT_I2)), inOut, {}}};
 constexpr std::array changeArguments{Parameter{u"Value", reference(plain(VT_VARIANT)), inOut, {}}};
 constexpr std::array replaceArguments{Parameter{u"Object", reference(plain(VT_DISPATCH)), inOut, {}}};
-constexpr std::array shiftArguments{Parameter{u"Point", reference(named(pointType)), inOut, {}}, Parameter{u"Distance", longType, in, {}}};
-constexpr std::array extendArguments{Parameter{u"Values", reference(arrayOf(longType)), inOut, {}}, Parameter{u"Upper", longType, in, {}}};
+constexpr std::array shiftArguments{Parameter{u"Point", reference(named(pointType)), inOut, {}},
+                                    Parameter{u"Distance", longType, in, {}}};
+constexpr std::array extendArguments{Parameter{u"Values", reference(arrayOf(longType)), inOut, {}},
+                                     Parameter{u"Upper", longType, in, {}}};
 constexpr std::array paintArguments{Parameter{u"Colour", named(otherColour), in, {}}};
 constexpr std::array numberArguments{Parameter{u"Number", longType, in, {}}};
 constexpr std::array refuseArguments{Parameter{u"Place", reference(longType), inOut, {}}, Parameter{u"Status", longType, in, {}}};
@@ -120,13 +122,11 @@ constexpr std::array indexArguments{Parameter{u"Index", longType, in, {}}};
 
 // ---- members: a table in the order of the slots
 
-template <auto method>
-constexpr Thunk procedure = &SlotThunk<method, false>::invoke;
-template <auto method>
-constexpr Thunk function = &SlotThunk<method, true>::invoke;
+template <auto method> constexpr Thunk procedure = &SlotThunk<method, false>::invoke;
+template <auto method> constexpr Thunk function = &SlotThunk<method, true>::invoke;
 
-constexpr Member member(std::uint16_t slot, const char16_t* name, DISPID id, INVOKEKIND kind, std::span<const Parameter> parameters,
-                        TypeReference result, Thunk thunk, std::int16_t nextSameId = -1) {
+constexpr Member member(std::uint16_t slot, const char16_t* name, DISPID id, INVOKEKIND kind,
+                        std::span<const Parameter> parameters, TypeReference result, Thunk thunk, std::int16_t nextSameId = -1) {
     return {name, nullptr, id, kind, 0, slot, nextSameId, parameters, result, thunk};
 }
 
@@ -165,7 +165,8 @@ constexpr auto sampleMembers = [] {
         member(28, u"EchoString", echoStringId, INVOKE_FUNC, valueText, textType, function<&ISample::EchoString>),
         member(29, u"EchoKind", echoKindId, INVOKE_FUNC, valueKind, named(kindType), function<&ISample::EchoKind>),
         member(30, u"EchoVariant", echoVariantId, INVOKE_FUNC, valueVariant, plain(VT_VARIANT), function<&ISample::EchoVariant>),
-        member(31, u"EchoObject", echoObjectId, INVOKE_FUNC, valueSample, object(sampleInterface), function<&ISample::EchoObject>),
+        member(31, u"EchoObject", echoObjectId, INVOKE_FUNC, valueSample, object(sampleInterface),
+               function<&ISample::EchoObject>),
         member(32, u"Corners", cornersId, INVOKE_FUNC, cornersArguments, arrayOf(named(pointType)), function<&ISample::Corners>),
     };
     members[8].flags = FUNCFLAG_FHIDDEN | FUNCFLAG_FNONBROWSABLE;
@@ -220,8 +221,8 @@ constexpr std::array recordFields{
 
 constexpr std::array<const TypeDescription*, 1> otherTypes{&otherColour};
 constexpr std::array<const TypeDescription*, typeCount> sampleTypes{
-    &kindType,       &shapeType,   &pointType,  &recordType, &colourType, &sampleInterface, &sampleEvents,
-    &itemsInterface, &sampleClass, &itemsClass, &rootClass,
+    &kindType,     &shapeType,      &pointType,   &recordType, &colourType, &sampleInterface,
+    &sampleEvents, &itemsInterface, &sampleClass, &itemsClass, &rootClass,
 };
 
 } // namespace
@@ -235,8 +236,10 @@ constinit const AliasDescription otherColour{{TypeKind::Alias, u"OtherColour", n
 constinit const LibraryDescription sampleLibrary{
     u"SampleLib", u"One of everything", RecordTraits<SamplePoint>::library, 2, 3, 1033, sampleTypes, sampleState};
 
-constinit const EnumDescription kindType{{TypeKind::Enum, u"SampleKind", u"How it looks", GUID_NULL, sampleLibrary, kindIndex}, kindValues};
-constinit const EnumDescription shapeType{{TypeKind::Enum, u"SampleShape", nullptr, GUID_NULL, sampleLibrary, shapeIndex}, shapeValues};
+constinit const EnumDescription kindType{{TypeKind::Enum, u"SampleKind", u"How it looks", GUID_NULL, sampleLibrary, kindIndex},
+                                         kindValues};
+constinit const EnumDescription shapeType{{TypeKind::Enum, u"SampleShape", nullptr, GUID_NULL, sampleLibrary, shapeIndex},
+                                          shapeValues};
 constinit const RecordDescription pointType{
     {TypeKind::Record, u"SamplePoint", nullptr, RecordTraits<SamplePoint>::id, sampleLibrary, pointIndex},
     pointFields,
@@ -261,18 +264,33 @@ constinit const InterfaceDescription sampleInterface{
     sampleById,
     sampleByName};
 constinit const InterfaceDescription sampleEvents{
-    {TypeKind::Events, u"__Sample", nullptr, sampleId(0x12), sampleLibrary, sampleEventsIndex}, eventMembers, eventsById, eventsByName};
+    {TypeKind::Events, u"__Sample", nullptr, sampleId(0x12), sampleLibrary, sampleEventsIndex},
+    eventMembers,
+    eventsById,
+    eventsByName};
 constinit const InterfaceDescription itemsInterface{
     {TypeKind::Interface, u"_SampleItems", nullptr, interfaceId<ISampleItems>, sampleLibrary, itemsInterfaceIndex},
     itemsMembers,
     itemsById,
     itemsByName};
 constinit const ClassDescription sampleClass{
-    {TypeKind::Class, u"Sample", u"A sample", sampleId(0x20), sampleLibrary, sampleClassIndex}, &sampleInterface, &sampleEvents, true, false};
+    {TypeKind::Class, u"Sample", u"A sample", sampleId(0x20), sampleLibrary, sampleClassIndex},
+    &sampleInterface,
+    &sampleEvents,
+    true,
+    false};
 constinit const ClassDescription itemsClass{
-    {TypeKind::Class, u"SampleItems", nullptr, sampleId(0x21), sampleLibrary, itemsClassIndex}, &itemsInterface, nullptr, false, false};
+    {TypeKind::Class, u"SampleItems", nullptr, sampleId(0x21), sampleLibrary, itemsClassIndex},
+    &itemsInterface,
+    nullptr,
+    false,
+    false};
 constinit const ClassDescription rootClass{
-    {TypeKind::Class, u"SampleRoot", nullptr, sampleId(0x22), sampleLibrary, rootClassIndex}, &sampleInterface, nullptr, true, true};
+    {TypeKind::Class, u"SampleRoot", nullptr, sampleId(0x22), sampleLibrary, rootClassIndex},
+    &sampleInterface,
+    nullptr,
+    true,
+    true};
 
 // ---- the objects
 
@@ -350,7 +368,8 @@ public:
     HRESULT Change(VARIANT* Value) override {
         return call([&](Sample&) {
             const bool missing = Value->vt == VT_ERROR && Value->scode == DISP_E_PARAMNOTFOUND;
-            byReference(Value) = missing ? String(u"missing") : String(std::u16string(byReference(Value).as<String>().view()) + u" changed");
+            byReference(Value) =
+                missing ? String(u"missing") : String(std::u16string(byReference(Value).as<String>().view()) + u" changed");
         });
     }
     HRESULT Replace(IDispatch** Subject) override {
@@ -403,8 +422,7 @@ public:
     }
 
 private:
-    template <class Value, class Place>
-    HRESULT echo(const Value& value, Place* result) {
+    template <class Value, class Place> HRESULT echo(const Value& value, Place* result) {
         return call(result, [&](Sample&) { return value; });
     }
 

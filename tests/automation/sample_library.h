@@ -40,15 +40,13 @@ struct SampleRecord {
 
 } // namespace mox::sample
 
-template <>
-struct mox::RecordTraits<mox::sample::SamplePoint> {
+template <> struct mox::RecordTraits<mox::sample::SamplePoint> {
     static constexpr GUID library{0x5A3B1E00, 0x1111, 0x4222, {0x83, 0x33, 1, 2, 3, 4, 5, 6}};
     static constexpr ULONG major = 2;
     static constexpr ULONG minor = 3;
     static constexpr GUID id{0x5A3B1E01, 0x1111, 0x4222, {0x83, 0x33, 1, 2, 3, 4, 5, 6}};
 };
-template <>
-struct mox::RecordTraits<mox::sample::SampleRecord> : mox::RecordTraits<mox::sample::SamplePoint> {
+template <> struct mox::RecordTraits<mox::sample::SampleRecord> : mox::RecordTraits<mox::sample::SamplePoint> {
     static constexpr GUID id{0x5A3B1E02, 0x1111, 0x4222, {0x83, 0x33, 1, 2, 3, 4, 5, 6}};
 };
 
@@ -73,8 +71,8 @@ struct ISample : IDispatch {
     virtual HRESULT get__NewEnum(IUnknown** result) = 0;
     virtual HRESULT MinMax(Long LongValue, Long MinValue, Long MaxValue, Long* result) = 0;
     virtual HRESULT Add(Long A, Long B, Long* result) = 0;
-    virtual HRESULT Describe(BSTR Text, BSTR Suffix, Boolean Upper, Single Factor, SampleKind Kind, IDispatch* Object, VARIANT Extra,
-                             BSTR* result) = 0;
+    virtual HRESULT Describe(BSTR Text, BSTR Suffix, Boolean Upper, Single Factor, SampleKind Kind, IDispatch* Object,
+                             VARIANT Extra, BSTR* result) = 0;
     virtual HRESULT Swap(Long* A, Long* B) = 0;
     virtual HRESULT AppendTo(BSTR* Text, Integer* Count) = 0;
     virtual HRESULT Change(VARIANT* Value) = 0;

@@ -100,7 +100,7 @@ void makeTracedCalls() {
     invoke(*object, nameId, DISPATCH_PROPERTYPUT, {}, {{DISPID_PROPERTYPUT, String(u"n")}});
     invoke(*object, nameId, DISPATCH_PROPERTYGET, {});
     invoke(*object, cellId, DISPATCH_PROPERTYPUT, {Long{1}, Long{2}}, {{DISPID_PROPERTYPUT, Long{3}}});
-    invoke(*object, anythingId, DISPATCH_PROPERTYPUTREF, {}, {{DISPID_PROPERTYPUT, Ref<IDispatch>(object)}});
+    invoke(*object, anythingId, DISPATCH_PROPERTYPUTREF, {}, {{DISPID_PROPERTYPUT, Ref<IDispatch>(makeSample())}});
     invoke(*object, shiftId, DISPATCH_METHOD, {SamplePoint{1, 2}, Long{3}});
     invoke(*object, failId, DISPATCH_METHOD, {Long{6}});
     invoke(*object, refuseId, DISPATCH_METHOD, {Long{0}, Long{E_ABORT}});

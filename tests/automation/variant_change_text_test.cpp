@@ -153,13 +153,13 @@ TEST(NumberText, IsReadAsPeopleWriteIt) {
 TEST(NumberText, EveryDigitCounts) {
     // Halfway between two numbers a tie goes to the even one, and any digit behind, however far, decides.
     std::u16string halfway = u"9007199254740993." + std::u16string(2000, u'0');
-    EXPECT_EQ(converted(Variant(halfway), VT_R8), "R8 9007199254740992");
-    EXPECT_EQ(converted(Variant(halfway + u'1'), VT_R8), "R8 9007199254740994");
+    EXPECT_EQ(converted(Variant(String(halfway)), VT_R8), "R8 9007199254740992");
+    EXPECT_EQ(converted(Variant(String(halfway + u'1')), VT_R8), "R8 9007199254740994");
     std::u16string half = u"2.5" + std::u16string(2000, u'0');
-    EXPECT_EQ(converted(Variant(half), VT_I4), "I4 2");
-    EXPECT_EQ(converted(Variant(half + u'1'), VT_I4), "I4 3");
-    EXPECT_EQ(converted(Variant(u"0." + std::u16string(2000, u'0') + u"5E2000"), VT_R8), "R8 0.5");
-    EXPECT_EQ(converted(Variant(u"5" + std::u16string(2000, u'0') + u"E-2000"), VT_R8), "R8 5");
+    EXPECT_EQ(converted(Variant(String(half)), VT_I4), "I4 2");
+    EXPECT_EQ(converted(Variant(String(half + u'1')), VT_I4), "I4 3");
+    EXPECT_EQ(converted(Variant(String(u"0." + std::u16string(2000, u'0') + u"5E2000")), VT_R8), "R8 0.5");
+    EXPECT_EQ(converted(Variant(String(u"5" + std::u16string(2000, u'0') + u"E-2000")), VT_R8), "R8 5");
 }
 
 TEST(NumberText, HexadecimalAndOctalAreTheBitsOfTheTarget) {

@@ -25,6 +25,8 @@ void emitInterfaces(const Library& library, const Options& options);
 void emitDescriptions(const Library& library, const Options& options);
 /// `<library>/<class>.h` for each class: from the slots to natural members.
 void emitAdapters(const Library& library, const Options& options);
+/// `<library>/slots.h`: a walk over all slots, for tests.
+void emitSlots(const Library& library, const Options& options);
 /// The client header.
 void emitClient(const Library& library, const Options& options);
 /// Reference pages in Markdown, one a class.

@@ -77,6 +77,7 @@ int main(int argc, char** argv) {
             idlc::emitInterfaces(library, options);
             idlc::emitDescriptions(library, options);
             idlc::emitAdapters(library, options);
+            idlc::emitSlots(library, options);
             idlc::emitClient(library, options);
         }
         if (given.contains("reference")) {

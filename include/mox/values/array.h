@@ -3,6 +3,7 @@
 
 #include <mox/values/traits.h>
 
+#include <algorithm>
 #include <initializer_list>
 #include <iterator>
 #include <span>
@@ -61,8 +62,11 @@ public:
     operator std::span<Element>() noexcept { return {begin(), static_cast<std::size_t>(size())}; }
     operator std::span<const Element>() const noexcept { return {begin(), static_cast<std::size_t>(size())}; }
 
-    /// New bounds, all elements new. Fails with `DISP_E_ARRAYISLOCKED` if somebody has the array locked.
+    /// New bounds, all elements new. Fails with `DISP_E_ARRAYISLOCKED` if somebody has the array locked or its size is fixed.
     void redim(Long lower, Long upper) {
+        if (array_ && (array_->fFeatures & (FADF_AUTO | FADF_STATIC | FADF_EMBEDDED | FADF_FIXEDSIZE))) {
+            throw StatusError(DISP_E_ARRAYISLOCKED);
+        }
         Array fresh(lower, upper);
         succeed(SafeArrayDestroy(array_));
         array_ = fresh.detach();
@@ -73,13 +77,21 @@ public:
             array_ = create(0, upper);
             return;
         }
-        SAFEARRAYBOUND bound{static_cast<ULONG>(upper - lower() + 1), lower()};
+        SAFEARRAYBOUND bound = boundOf(lower(), upper);
         succeed(SafeArrayRedim(array_, &bound));
     }
 
 private:
+    static SAFEARRAYBOUND boundOf(Long lower, Long upper) {
+        const std::int64_t count = std::int64_t{upper} - lower + 1;
+        if (count < 0) {
+            throw StatusError(DISP_E_BADINDEX);
+        }
+        return {static_cast<ULONG>(count), lower};
+    }
+
     static SAFEARRAY* create(Long lower, Long upper) {
-        SAFEARRAYBOUND bound{static_cast<ULONG>(upper - lower + 1), lower};
+        SAFEARRAYBOUND bound = boundOf(lower, upper);
         SAFEARRAY* array = nullptr;
         if constexpr (Record<Element>) {
             array = SafeArrayCreateEx(VT_RECORD, 1, &bound, recordInfo<Element>().get());

@@ -18,8 +18,8 @@ MOX_API VARTYPE variantOf(const TypeReference& type) noexcept;
 MOX_API const TypeReference& behindAliases(const TypeReference& type) noexcept;
 /// Converts `value`, whatever it is, to variant type `variant` into `converted`.
 MOX_API HRESULT convertArgument(const VARIANT& value, VARTYPE variant, VARIANT& converted) noexcept;
-/// The default of a left-out argument as variant type `variant`, for `VT_VARIANT` in the type that it is written in; `VT_EMPTY` where there
-/// is none.
+/// The default of a left-out argument as variant type `variant`, for `VT_VARIANT` in the type that it is written in; `VT_EMPTY`
+/// where there is none.
 MOX_API HRESULT defaultArgument(const Parameter& parameter, VARTYPE variant, VARIANT& converted) noexcept;
 /// The default of a left-out variant argument; `missing` where there is none.
 MOX_API HRESULT variantDefault(const Parameter& parameter, Variant& result) noexcept;
@@ -37,18 +37,14 @@ MOX_API HRESULT arrayArgument(VARIANT& value, const TypeReference& type, SAFEARR
 MOX_API HRESULT recordResult(const RecordDescription& record, VARIANT& result, void** place) noexcept;
 
 /// The variant type of a slot's type.
-template <class T>
-inline constexpr VARTYPE slotType = variantType<T>;
-template <>
-inline constexpr VARTYPE slotType<BSTR> = VT_BSTR;
+template <class T> inline constexpr VARTYPE slotType = variantType<T>;
+template <> inline constexpr VARTYPE slotType<BSTR> = VT_BSTR;
 
 /// An argument of a slot of type `T`: `load` before the call, `pass` for it, `store` after it.
-template <class T>
-class Argument;
+template <class T> class Argument;
 
 /// A plain value or a text passed by value.
-template <class T>
-class ValueArgument {
+template <class T> class ValueArgument {
 public:
     HRESULT load(Call& call, unsigned index) noexcept {
         VARIANT* const given = call.argument(index);
@@ -78,14 +74,11 @@ private:
     Variant converted_;
 };
 
-template <class T>
-class Argument : public ValueArgument<T> {};
-template <>
-class Argument<BSTR> : public ValueArgument<BSTR> {};
+template <class T> class Argument : public ValueArgument<T> {};
+template <> class Argument<BSTR> : public ValueArgument<BSTR> {};
 
 /// A plain value or a text passed by reference.
-template <class T>
-class Argument<T*> {
+template <class T> class Argument<T*> {
 public:
     HRESULT load(Call& call, unsigned index) noexcept {
         VARIANT* const given = call.argument(index);
@@ -123,8 +116,7 @@ template <class T>
 concept InterfaceType = std::derived_from<T, IUnknown>;
 
 /// An object passed by value.
-template <InterfaceType I>
-class Argument<I*> {
+template <InterfaceType I> class Argument<I*> {
 public:
     HRESULT load(Call& call, unsigned index) noexcept {
         const VARIANT* const given = call.argument(index);
@@ -142,8 +134,7 @@ private:
 };
 
 /// An object passed by reference.
-template <InterfaceType I>
-class Argument<I**> {
+template <InterfaceType I> class Argument<I**> {
 public:
     HRESULT load(Call& call, unsigned index) noexcept {
         VARIANT* const given = call.argument(index);
@@ -168,8 +159,7 @@ private:
 };
 
 /// A record, always passed by reference.
-template <Record R>
-class Argument<R*> {
+template <Record R> class Argument<R*> {
 public:
     HRESULT load(Call& call, unsigned index) noexcept {
         const VARIANT* const given = call.argument(index);
@@ -190,8 +180,7 @@ private:
 };
 
 /// An array, always passed by reference.
-template <>
-class Argument<SAFEARRAY**> {
+template <> class Argument<SAFEARRAY**> {
 public:
     ~Argument() { SafeArrayDestroy(own_); }
     HRESULT load(Call& call, unsigned index) noexcept {
@@ -221,8 +210,7 @@ private:
 };
 
 /// A variant passed by value.
-template <>
-class Argument<VARIANT> {
+template <> class Argument<VARIANT> {
 public:
     HRESULT load(Call& call, unsigned index) noexcept {
         const VARIANT* const given = call.argument(index);
@@ -247,8 +235,7 @@ private:
 };
 
 /// A variant passed by reference.
-template <>
-class Argument<VARIANT*> {
+template <> class Argument<VARIANT*> {
 public:
     HRESULT load(Call& call, unsigned index) noexcept {
         const VARIANT* const given = call.argument(index);
@@ -277,11 +264,9 @@ private:
 };
 
 /// The place of a result, and its way into the caller's variant.
-template <class Place>
-class Result;
+template <class Place> class Result;
 
-template <class T>
-class Result<T*> {
+template <class T> class Result<T*> {
 public:
     ~Result() {
         if constexpr (std::is_same_v<T, BSTR>) {
@@ -302,8 +287,7 @@ private:
     T value_{};
 };
 
-template <InterfaceType I>
-class Result<I**> {
+template <InterfaceType I> class Result<I**> {
 public:
     HRESULT load(Call&, unsigned) noexcept { return S_OK; }
     I** pass() noexcept { return object_.out(); }
@@ -324,8 +308,7 @@ private:
     Ref<I> object_;
 };
 
-template <Record R>
-class Result<R*> {
+template <Record R> class Result<R*> {
 public:
     HRESULT load(Call&, unsigned) noexcept { return S_OK; }
     R* pass() noexcept { return &value_; }
@@ -346,8 +329,7 @@ private:
     R value_;
 };
 
-template <>
-class Result<SAFEARRAY**> {
+template <> class Result<SAFEARRAY**> {
 public:
     ~Result() { SafeArrayDestroy(array_); }
     HRESULT load(Call&, unsigned) noexcept { return S_OK; }
@@ -364,8 +346,7 @@ private:
     SAFEARRAY* array_ = nullptr;
 };
 
-template <>
-class Result<VARIANT*> {
+template <> class Result<VARIANT*> {
 public:
     HRESULT load(Call&, unsigned) noexcept { return S_OK; }
     VARIANT* pass() noexcept { return &value_; }
@@ -381,8 +362,7 @@ private:
 };
 
 /// Calls the slot `method`. With `hasResult` its last argument is the place of the result.
-template <auto method, bool hasResult>
-struct SlotThunk;
+template <auto method, bool hasResult> struct SlotThunk;
 
 template <class Interface, class... Arguments, HRESULT (Interface::*method)(Arguments...), bool hasResult>
 struct SlotThunk<method, hasResult> {
@@ -392,8 +372,7 @@ private:
     template <std::size_t index, class T>
     using Slot = std::conditional_t<hasResult && index + 1 == sizeof...(Arguments), Result<T>, Argument<T>>;
 
-    template <std::size_t... indexes>
-    static HRESULT invokeWith(void* object, Call& call, std::index_sequence<indexes...>) {
+    template <std::size_t... indexes> static HRESULT invokeWith(void* object, Call& call, std::index_sequence<indexes...>) {
         std::tuple<Slot<indexes, Arguments>...> slots;
         HRESULT status = S_OK;
         if (!(SUCCEEDED(status = std::get<indexes>(slots).load(call, indexes)) && ...)) {

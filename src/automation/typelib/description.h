@@ -132,8 +132,7 @@ struct LibraryState {
 };
 
 /// The class whose default interface is `Interface`; specialised in the generated headers.
-template <class Interface>
-extern const ClassDescription& classOf;
+template <class Interface> extern const ClassDescription& classOf;
 
 struct LibraryDescription {
     const char16_t* name;
@@ -167,16 +166,13 @@ constexpr bool sameName(const char16_t* a, const char16_t* b) {
 }
 
 /// How values of record type `T` are made, copied and ended.
-template <class T>
-void constructRecord(void* place) {
+template <class T> void constructRecord(void* place) {
     new (place) T();
 }
-template <class T>
-void destroyRecord(void* value) {
+template <class T> void destroyRecord(void* value) {
     static_cast<T*>(value)->~T();
 }
-template <class T>
-void assignRecord(void* target, const void* source) {
+template <class T> void assignRecord(void* target, const void* source) {
     *static_cast<T*>(target) = *static_cast<const T*>(source);
 }
 

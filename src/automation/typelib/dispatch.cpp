@@ -56,8 +56,8 @@ void fillException(HRESULT status, EXCEPINFO* exception) {
 }
 
 /// A property without arguments that gives an object takes arguments for that object's default member.
-HRESULT invokeDefaultOfResult(const InterfaceDescription& type, void* object, const Member& member, DISPPARAMS& parameters, VARIANT* result,
-                              EXCEPINFO* exception, UINT* badArgument) {
+HRESULT invokeDefaultOfResult(const InterfaceDescription& type, void* object, const Member& member, DISPPARAMS& parameters,
+                              VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
     Variant owner;
     DISPPARAMS nothing{};
     const HRESULT status =
@@ -68,8 +68,8 @@ HRESULT invokeDefaultOfResult(const InterfaceDescription& type, void* object, co
     if (owner.vt != VT_DISPATCH || !owner.pdispVal) {
         return DISP_E_BADPARAMCOUNT;
     }
-    return owner.pdispVal->Invoke(DISPID_VALUE, GUID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &parameters, result, exception,
-                                  badArgument);
+    return owner.pdispVal->Invoke(DISPID_VALUE, GUID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &parameters, result,
+                                  exception, badArgument);
 }
 
 } // namespace
@@ -182,8 +182,11 @@ HRESULT getIdsOfNames(const InterfaceDescription& type, REFIID riid, LPOLESTR* n
     return status;
 }
 
-HRESULT invoke(const InterfaceDescription& type, void* object, DISPID id, REFIID riid, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-               EXCEPINFO* exception, UINT* badArgument) noexcept {
+HRESULT invoke(const InterfaceDescription& type, void* object, DISPID id, REFIID riid, WORD flags, DISPPARAMS* parameters,
+               VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept {
+    if (result) {
+        result->vt = VT_EMPTY;
+    }
     if (riid != GUID_NULL) {
         return DISP_E_UNKNOWNINTERFACE;
     }
@@ -199,9 +202,6 @@ HRESULT invoke(const InterfaceDescription& type, void* object, DISPID id, REFIID
     if (member->kind == INVOKE_PROPERTYGET && member->parameters.empty() && member->result.variant == VT_DISPATCH &&
         parameters->cArgs > 0) {
         return invokeDefaultOfResult(type, object, *member, *parameters, result, exception, badArgument);
-    }
-    if (result) {
-        result->vt = VT_EMPTY;
     }
     Call call(*member, *parameters, result);
     Trace trace(type, *member, *parameters);

@@ -24,7 +24,8 @@ public:
 
     /// Notes which argument a failing status belongs to, and gives the status.
     HRESULT failed(unsigned index, HRESULT status) noexcept;
-    /// The position of the bad argument among those that the caller gave; for an argument that is left out, its declared position.
+    /// The position of the bad argument among those that the caller gave; for an argument that is left out, its declared
+    /// position.
     UINT badArgument() const noexcept { return badArgument_; }
 
     /// Says that the status came from the member itself, with the thread's pending error object.

@@ -7,8 +7,8 @@ namespace mox::typelib {
 
 class Library;
 
-/// Binds the names that a library offers without a qualifier: its types, the values of its enums, its application objects and their
-/// members. Owned by its library.
+/// Binds the names that a library offers without a qualifier: its types, the values of its enums, its application objects and
+/// their members. Owned by its library.
 class LibraryComp final : public LibraryPart<ITypeComp> {
 public:
     LibraryComp(Library& library, const LibraryDescription& description);

@@ -73,7 +73,8 @@ const TypeDescription* Library::findType(REFGUID id) const noexcept {
 }
 
 const TypeDescription* Library::findType(const char16_t* name) const noexcept {
-    const auto found = std::ranges::find_if(description_.types, [&](const TypeDescription* type) { return sameName(type->name, name); });
+    const auto found =
+        std::ranges::find_if(description_.types, [&](const TypeDescription* type) { return sameName(type->name, name); });
     return found == description_.types.end() ? nullptr : *found;
 }
 

@@ -10,10 +10,9 @@
 
 namespace mox::typelib {
 
-/// An object that its `Library` owns, so that it is the same one for every caller. Any thread may use it. Each reference that is held
-/// counts as a lock of the library's file, and the library with all its parts goes only when there is none.
-template <class Interface>
-class LibraryPart : public Interface {
+/// An object that its `Library` owns, so that it is the same one for every caller. Any thread may use it. Each reference that is
+/// held counts as a lock of the library's file, and the library with all its parts goes only when there is none.
+template <class Interface> class LibraryPart : public Interface {
 public:
     virtual ~LibraryPart() = default;
     LibraryPart(const LibraryPart&) = delete;
@@ -52,16 +51,14 @@ private:
 };
 
 /// Hands out a part with a reference.
-template <class Interface>
-HRESULT give(Interface& part, Interface** result) noexcept {
+template <class Interface> HRESULT give(Interface& part, Interface** result) noexcept {
     part.AddRef();
     *result = &part;
     return S_OK;
 }
 
 /// Runs `body`, whose status or whose exception becomes the status.
-template <class Body>
-HRESULT statusOf(Body&& body) noexcept {
+template <class Body> HRESULT statusOf(Body&& body) noexcept {
     try {
         return std::forward<Body>(body)();
     } catch (const std::bad_alloc&) {

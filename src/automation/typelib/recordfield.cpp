@@ -17,7 +17,8 @@ REFIID interfaceOf(const TypeReference& type) {
     if (!type.type) {
         return IID_IDispatch;
     }
-    return type.type->kind == TypeKind::Class ? static_cast<const ClassDescription&>(*type.type).defaultInterface->id : type.type->id;
+    return type.type->kind == TypeKind::Class ? static_cast<const ClassDescription&>(*type.type).defaultInterface->id
+                                              : type.type->id;
 }
 
 HRESULT getDefaultProperty(IDispatch& object, VARIANT* result) {

@@ -18,8 +18,8 @@ public:
     HRESULT view(VARIANT& result) const noexcept;
     /// Assigns `value`, converted to the field's type. Takes `value` over if it succeeds.
     HRESULT assign(Variant& value) const noexcept;
-    /// Assigns the way that `object.Field = value` does without Set: an object in the field gets the value for its default property, and
-    /// a variant field gets the default property of an object rather than the object.
+    /// Assigns the way that `object.Field = value` does without Set: an object in the field gets the value for its default
+    /// property, and a variant field gets the default property of an object rather than the object.
     HRESULT assignByValue(Variant& value) const noexcept;
 
 private:

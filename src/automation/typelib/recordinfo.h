@@ -20,7 +20,8 @@ public:
     HRESULT GetTypeInfo(ITypeInfo** result) override;
     /// `result` is a pure out place: what it held is not cleared. The caller clears what it gets.
     HRESULT GetField(PVOID data, LPCOLESTR name, VARIANT* result) override;
-    /// Gives a by-reference variant onto the field, valid as long as the record is. A nested record's description in it is borrowed.
+    /// Gives a by-reference variant onto the field, valid as long as the record is. A nested record's description in it is
+    /// borrowed.
     HRESULT GetFieldNoCopy(PVOID data, LPCOLESTR name, VARIANT* result, PVOID* arrayData) override;
     HRESULT PutField(ULONG flags, PVOID data, LPCOLESTR name, VARIANT* value) override;
     /// Moves `value`, which must be of exactly the field's type and is empty afterwards; if it fails, the caller keeps it.

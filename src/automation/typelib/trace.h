@@ -7,8 +7,8 @@
 
 namespace mox::typelib {
 
-/// One call in the trace: written when it ends, with its arguments as they were given, its result and the time that it took. Calls
-/// inside are indented.
+/// One call in the trace: written when it ends, with its arguments as they were given, its result and the time that it took.
+/// Calls inside are indented.
 class Trace {
 public:
     Trace(const InterfaceDescription& type, const Member& member, const DISPPARAMS& parameters)

@@ -30,7 +30,8 @@ HRESULT TypeComp::Bind(LPOLESTR name, ULONG, WORD flags, ITypeInfo** type, DESCK
         }
         return statusOf([&] {
             // The members of a class are those of its default interface.
-            TypeInfo& owner = type_.type().kind == TypeKind::Class ? Library::of(members->library).typeInfo(*members, View::Dispatch) : type_;
+            TypeInfo& owner =
+                type_.type().kind == TypeKind::Class ? Library::of(members->library).typeInfo(*members, View::Dispatch) : type_;
             *kind = DESCKIND_FUNCDESC;
             result->lpfuncdesc = &owner.contents().functions()[static_cast<std::size_t>(member - members->members.data())];
             return give<ITypeInfo>(owner, type);

@@ -192,7 +192,8 @@ FUNCDESC TypeContents::functionOf(const Member& member, View view, bool dual) {
         ELEMDESC& argument = arguments.emplace_back(element(typeOf(parameter.type)));
         argument.paramdesc = argumentOf(parameter);
         // Only variants can say themselves that they are left out.
-        function.cParamsOpt += (parameter.flags & PARAMFLAG_FOPT) && parameter.type.variant == VT_VARIANT && !parameter.type.array;
+        function.cParamsOpt +=
+            (parameter.flags & PARAMFLAG_FOPT) && parameter.type.variant == VT_VARIANT && !parameter.type.array;
     }
     if (view == View::Dispatch) {
         function.funckind = FUNC_DISPATCH;

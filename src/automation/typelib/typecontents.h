@@ -11,10 +11,12 @@
 
 namespace mox::typelib {
 
-/// How a default interface is looked at: as its clients call it through IDispatch, or slot by slot. All other types have one view only.
+/// How a default interface is looked at: as its clients call it through IDispatch, or slot by slot. All other types have one view
+/// only.
 enum class View : std::uint8_t { Dispatch, Slots };
 
-/// Holds the TYPEATTR, FUNCDESC and VARDESC structures of one type in one view. They are made once and stay until the end of this object.
+/// Holds the TYPEATTR, FUNCDESC and VARDESC structures of one type in one view. They are made once and stay until the end of this
+/// object.
 class TypeContents {
 public:
     /// What a handle on another type, or on another view, stands for.

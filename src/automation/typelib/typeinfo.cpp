@@ -16,7 +16,8 @@ constexpr const char16_t* resultName = u"result";
 } // namespace
 
 TypeInfo::TypeInfo(Library& library, const TypeDescription& type, View view)
-    : LibraryPart(type.library.state), library_(library), type_(type), view_(view), contents_(type, view), comp_(library, *this) {}
+    : LibraryPart(type.library.state), library_(library), type_(type), view_(view), contents_(type, view), comp_(library, *this) {
+}
 
 VARDESC* TypeInfo::findVariable(const char16_t* name) noexcept {
     const NamedVariable found = typelib::findVariable(type_, name);
@@ -171,7 +172,8 @@ HRESULT TypeInfo::Invoke(PVOID instance, MEMBERID id, WORD flags, DISPPARAMS* pa
         return static_cast<IDispatch*>(instance)->Invoke(id, GUID_NULL, 0, flags, parameters, result, exception, badArgument);
     }
     const InterfaceDescription* members = callable();
-    return members ? invoke(*members, instance, id, GUID_NULL, flags, parameters, result, exception, badArgument) : TYPE_E_WRONGTYPEKIND;
+    return members ? invoke(*members, instance, id, GUID_NULL, flags, parameters, result, exception, badArgument)
+                   : TYPE_E_WRONGTYPEKIND;
 }
 
 HRESULT TypeInfo::GetDocumentation(MEMBERID id, BSTR* name, BSTR* help, DWORD* helpContext, BSTR* helpFile) {
@@ -201,7 +203,8 @@ HRESULT TypeInfo::GetRefTypeInfo(HREFTYPE handle, ITypeInfo** result) {
     if (!target) {
         return TYPE_E_ELEMENTNOTFOUND;
     }
-    return statusOf([&] { return give<ITypeInfo>(Library::of(target->type->library).typeInfo(*target->type, target->view), result); });
+    return statusOf(
+        [&] { return give<ITypeInfo>(Library::of(target->type->library).typeInfo(*target->type, target->view), result); });
 }
 
 HRESULT TypeInfo::AddressOfMember(MEMBERID, INVOKEKIND, PVOID* result) {

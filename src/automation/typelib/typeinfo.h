@@ -9,7 +9,8 @@ namespace mox::typelib {
 
 class Library;
 
-/// One type in one view. Owned by its library. The structures that it hands out stay as long as it does, so giving them back does nothing.
+/// One type in one view. Owned by its library. The structures that it hands out stay as long as it does, so giving them back does
+/// nothing.
 class TypeInfo final : public LibraryPart<ITypeInfo> {
 public:
     TypeInfo(Library& library, const TypeDescription& type, View view);

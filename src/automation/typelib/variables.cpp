@@ -4,8 +4,7 @@ namespace mox::typelib {
 
 namespace {
 
-template <class Matches, class Described>
-NamedVariable findAmong(std::span<const Described> variables, Matches matches) {
+template <class Matches, class Described> NamedVariable findAmong(std::span<const Described> variables, Matches matches) {
     MEMBERID id = firstVariableId;
     for (const Described& variable : variables) {
         if (matches(variable.name, id)) {
@@ -16,8 +15,7 @@ NamedVariable findAmong(std::span<const Described> variables, Matches matches) {
     return {};
 }
 
-template <class Matches>
-NamedVariable findIn(const TypeDescription& type, Matches matches) {
+template <class Matches> NamedVariable findIn(const TypeDescription& type, Matches matches) {
     switch (type.kind) {
     case TypeKind::Enum:
         return findAmong(static_cast<const EnumDescription&>(type).values, matches);

@@ -20,15 +20,13 @@ constexpr int deepest = 4;
 
 std::string literal(const VARIANT& value, int depth);
 
-template <class Number>
-std::string number(Number value) {
+template <class Number> std::string number(Number value) {
     std::array<char, 64> buffer;
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
     return {buffer.data(), end};
 }
 
-template <class... Values>
-std::string formatted(const char* format, Values... values) {
+template <class... Values> std::string formatted(const char* format, Values... values) {
     std::array<char, 64> buffer;
     const int length = std::snprintf(buffer.data(), buffer.size(), format, values...);
     return {buffer.data(), static_cast<std::size_t>(length)};
@@ -59,7 +57,8 @@ std::string date(DATE value) {
 
 std::string decimal(const VARIANT& value) {
     Variant text;
-    return SUCCEEDED(VariantChangeType(&text, &value, 0, VT_BSTR)) ? utf8FromUtf16({text.bstrVal, SysStringLen(text.bstrVal)}) : "?";
+    return SUCCEEDED(VariantChangeType(&text, &value, 0, VT_BSTR)) ? utf8FromUtf16({text.bstrVal, SysStringLen(text.bstrVal)})
+                                                                   : "?";
 }
 
 std::string record(const VARIANT& value, int depth) {
@@ -209,7 +208,8 @@ std::string quoted(std::u16string_view text) {
             result += "\\t";
             break;
         default:
-            result += static_cast<unsigned char>(c) < ' ' || c == '\x7F' ? formatted("\\x%02X", static_cast<unsigned>(c)) : std::string(1, c);
+            result += static_cast<unsigned char>(c) < ' ' || c == '\x7F' ? formatted("\\x%02X", static_cast<unsigned>(c))
+                                                                         : std::string(1, c);
             break;
         }
     }

@@ -10,9 +10,9 @@
 
 namespace mox::typelib {
 
-/// A value as literal text in UTF-8. By-reference values show what they refer to, strings are quoted and cut after 60 characters, arrays
-/// show how many elements they have and the first of them, records their fields, objects the name of their class. Never throws but
-/// `std::bad_alloc`.
+/// A value as literal text in UTF-8. By-reference values show what they refer to, strings are quoted and cut after 60 characters,
+/// arrays show how many elements they have and the first of them, records their fields, objects the name of their class. Never
+/// throws but `std::bad_alloc`.
 MOX_API std::string literalOf(const VARIANT& value);
 
 /// A quoted string, cut after 60 characters.

@@ -97,13 +97,10 @@ bool isShort(std::string_view name, const CodePage& codePage) {
     }
     const std::string bytes = isAscii(name) ? std::string(name) : codePage.fromUtf8(name);
     const std::size_t dot = bytes.find('.');
-    const std::string stem = bytes.substr(0, dot);
-    const std::string extension = dot == std::string::npos ? "" : bytes.substr(dot + 1);
-    const bool hasValidExtension = dot == std::string::npos || (!extension.empty() && extension.size() <= longestExtension);
-    // Of a character of two bytes the second may be any: such bytes are no separators.
-    const bool isValid = isAscii(name) ? std::ranges::all_of(stem, isAllowedInShort) && std::ranges::all_of(extension, isAllowedInShort)
-                                       : std::ranges::all_of(name, [](char c) { return c == '.' || isAllowedInShort(c); });
-    return !stem.empty() && stem.size() <= longestStem && hasValidExtension && isValid;
+    const std::size_t stem = std::min(dot, bytes.size());
+    const std::size_t extension = bytes.size() - stem;
+    return stem >= 1 && stem <= longestStem && extension != 1 && extension <= 1 + longestExtension && std::ranges::count(name, '.') <= 1 &&
+           std::ranges::all_of(name, [](char c) { return c == '.' || isAllowedInShort(c); });
 }
 
 bool looksMade(std::string_view text) noexcept {

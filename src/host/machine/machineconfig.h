@@ -1,9 +1,13 @@
 // What a machine is made of.
 #pragma once
 
+#include "automation/objects/export.h"
+#include "host/machine/clock.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <string>
 
 namespace mox::host {
@@ -19,16 +23,19 @@ struct WindowsVersion {
     std::uint32_t suite = 0;
 };
 
-struct MachineConfig {
-    /// Folder of everything that the machine keeps. Empty: nothing on disk but a temporary folder that goes with the machine.
+struct MOX_API MachineConfig {
+    /// Folder of everything that the machine keeps, made when it is needed. Empty: nothing on disk but a temporary folder that goes with the
+    /// machine.
     std::filesystem::path home;
     WindowsVersion windows;
     /// The system's ANSI code page by its Windows number.
     std::uint32_t codePage = 1252;
-    /// Drives beyond the standard ones: letter to folder.
+    /// Drives beyond the standard ones: letter (upper case) to folder.
     std::map<char, std::filesystem::path> drives;
+    /// Null: the system's own.
+    std::shared_ptr<Clock> clock;
 
-    /// MOX_HOME, else $XDG_DATA_HOME/mox, else ~/.local/share/mox.
+    /// The home is MOX_HOME, else $XDG_DATA_HOME/mox, else .local/share/mox in the user's home folder, all the rest as above.
     static MachineConfig fromEnvironment();
 };
 

@@ -1,0 +1,35 @@
+// Folders on disk.
+#pragma once
+
+#include "host/text/codepage.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mox::host {
+
+/// `name` in `folder`. Paths on disk are plain texts here, with no separator at their end but for the root.
+std::string joined(std::string_view folder, std::string_view name);
+
+/// True if there is something at a path, be it a link that leads nowhere.
+bool existsOnDisk(const std::string& path) noexcept;
+/// True if a path leads to a folder, also by a link.
+bool isFolderOnDisk(const std::string& path) noexcept;
+
+/// The names in a folder but "." and "..", in no order; nothing if it cannot be read.
+std::optional<std::vector<std::string>> namesIn(const std::string& folder);
+
+/// The name on disk that a name in a path means: the very same one if there is one, else one that differs in case, else the one with that short
+/// name. Of several that differ in case only the first in the order of bytes counts. Dots and blanks at the end of the name do not count, unless
+/// a file has them. Empty if there is none.
+std::string findName(const std::string& folder, std::string_view name, const CodePage& codePage);
+
+/// The short name of a file in a folder; the name itself if that is one.
+std::string shortNameIn(const std::string& folder, const std::string& name, const CodePage& codePage);
+
+/// The name of a file as paths have it: in the code page, or its short name if the code page does not hold it.
+std::string writtenName(const std::string& folder, const std::string& name, const CodePage& codePage);
+
+} // namespace mox::host

@@ -1,0 +1,102 @@
+#include "host/text/codepage.h"
+
+#include "host/text/codepagetables.h"
+
+#include <mox/values/string.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace mox::host {
+
+namespace {
+
+/// Converts one unit into one, in blocks: most text is ASCII, which needs no table and goes many units at a time.
+template <class From, class To, class Lookup>
+void convertUnits(std::basic_string_view<From> text, To* result, Lookup lookup) {
+    constexpr std::size_t block = 16;
+    const From* unit = text.data();
+    const From* const end = unit + text.size();
+    for (; static_cast<std::size_t>(end - unit) >= block; unit += block, result += block) {
+        unsigned all = 0;
+        for (std::size_t i = 0; i < block; ++i) {
+            all |= static_cast<std::make_unsigned_t<From>>(unit[i]);
+        }
+        if (all < 0x80) {
+            for (std::size_t i = 0; i < block; ++i) {
+                result[i] = static_cast<To>(unit[i]);
+            }
+        } else {
+            std::transform(unit, unit + block, result, lookup);
+        }
+    }
+    std::transform(unit, end, result, lookup);
+}
+
+} // namespace
+
+CodePage::CodePage(std::uint32_t number) : number_(number), tables_(CodePageTables::find(number)) {
+    if (!tables_) {
+        throw std::invalid_argument("no known code page: " + std::to_string(number));
+    }
+}
+
+std::string CodePage::fromUtf16(std::u16string_view text) const {
+    const std::uint16_t* codes = tables_->codes.data();
+    if (!tables_->hasPairs()) {
+        std::string bytes(text.size(), '\0');
+        convertUnits(text, bytes.data(), [codes](char16_t unit) { return static_cast<char>(codes[unit]); });
+        return bytes;
+    }
+    std::string bytes;
+    bytes.reserve(2 * text.size());
+    for (const char16_t unit : text) {
+        if (const std::uint16_t code = codes[unit]; code > 0xFF) {
+            bytes += {static_cast<char>(code >> 8), static_cast<char>(code)};
+        } else {
+            bytes += static_cast<char>(code);
+        }
+    }
+    return bytes;
+}
+
+std::u16string CodePage::toUtf16(std::string_view bytes) const {
+    const CodePageTables& tables = *tables_;
+    if (!tables.hasPairs()) {
+        std::u16string text(bytes.size(), u'\0');
+        convertUnits(bytes, text.data(), [&](char byte) { return tables.single[static_cast<std::uint8_t>(byte)]; });
+        return text;
+    }
+    std::u16string text;
+    text.reserve(bytes.size());
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        const auto byte = static_cast<std::uint8_t>(bytes[i]);
+        if (!tables.isLead[byte]) {
+            text += tables.single[byte];
+            continue;
+        }
+        const bool isLast = i + 1 == bytes.size();
+        const char16_t character = isLast ? u'\0' : tables.pairs[byte << 8 | static_cast<std::uint8_t>(bytes[i + 1])];
+        text += character ? character : tables.defaultCharacter;
+        i += character ? 1 : 0;
+    }
+    return text;
+}
+
+std::string CodePage::fromUtf8(std::string_view text) const {
+    return fromUtf16(utf16FromUtf8(text));
+}
+
+std::string CodePage::toUtf8(std::string_view bytes) const {
+    return utf8FromUtf16(toUtf16(bytes));
+}
+
+bool CodePage::holds(std::u16string_view text) const {
+    return std::ranges::all_of(text, [&](char16_t unit) { return unit == u'?' || tables_->codes[unit] != u'?'; });
+}
+
+bool CodePage::isLeadByte(std::uint8_t byte) const noexcept {
+    return tables_->isLead[byte];
+}
+
+} // namespace mox::host
