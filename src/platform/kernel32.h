@@ -50,7 +50,7 @@ struct PROCESSENTRY32 {
     std::uint32_t dwSize = 0;
     std::uint32_t th32ProcessID = 0;
     std::uint32_t th32ParentProcessID = 0;
-    /// The bytes of the field of 260 bytes, as far as they are filled.
+    /// The bytes of the field of 260 bytes up to its NUL; all of them if it has none.
     std::string szExeFile;
 };
 
@@ -60,7 +60,7 @@ struct Kernel32 : SystemLibrary {
     /// Begins a search for names that match the last part of `pattern` (`*` and `?`). `invalidHandle` if nothing matches.
     Operation<Handle(std::string_view pattern, WIN32_FIND_DATAA& found)> FindFirstFileA{*this, "FindFirstFileA", invalidHandle};
     Operation<bool(Handle search, WIN32_FIND_DATAA& found)> FindNextFileA{*this, "FindNextFileA", false};
-    Operation<bool(Handle search)> FindClose{*this, "FindClose", false};
+    Operation<bool(Handle search)> FindClose{*this, "FindClose", false, givesBack};
 
     /// The path with every part in its short form. Gives the length without the final NUL when `buffer` holds text and NUL, else the length that
     /// is needed with the NUL; 0 on failure.
@@ -83,13 +83,13 @@ struct Kernel32 : SystemLibrary {
     Operation<bool(Handle snapshot, PROCESSENTRY32& entry)> Process32First{*this, "Process32First", false};
     Operation<bool(Handle snapshot, PROCESSENTRY32& entry)> Process32Next{*this, "Process32Next", false};
     Operation<Handle(std::uint32_t access, bool inherit, std::uint32_t process)> OpenProcess{*this, "OpenProcess", 0};
-    Operation<bool(Handle handle)> CloseHandle{*this, "CloseHandle", false};
+    Operation<bool(Handle handle)> CloseHandle{*this, "CloseHandle", false, givesBack};
 
     /// Milliseconds since the system started, modulo 2 to the power 32.
     Operation<std::uint32_t()> GetTickCount{*this, "GetTickCount", 0};
 
     /// Text to bytes of a code page and back; characters that the other side lacks become its replacement character. The answer is the
-    /// number of units that were written, or that are needed if the buffer is empty; 0 on failure.
+    /// number of units that were written, or that are needed if the buffer is empty; 0 if the buffer is too small or the code page unknown.
     Operation<std::int32_t(std::uint32_t codePage, std::u16string_view text, std::span<char> bytes)> WideCharToMultiByte{
         *this, "WideCharToMultiByte", 0};
     Operation<std::int32_t(std::uint32_t codePage, std::string_view bytes, std::span<char16_t> text)> MultiByteToWideChar{

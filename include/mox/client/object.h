@@ -23,6 +23,9 @@ private:
     Value* place_;
 };
 
+/// Runs the calling thread's message loop for so many milliseconds: timers fire, events arrive.
+inline void pump(UINT milliseconds);
+
 namespace client {
 
 // The place of a value as a slot takes it.
@@ -124,4 +127,8 @@ protected:
 };
 
 } // namespace client
+inline void pump(UINT milliseconds) {
+    client::succeed(MoxPump(milliseconds));
+}
+
 } // namespace mox

@@ -5,7 +5,7 @@
 
 namespace mox::typelib {
 
-TypeComp::TypeComp(Library& library, TypeInfo& type) : LibraryPart(type.type().library.state), library_(library), type_(type) {}
+TypeComp::TypeComp(TypeInfo& type) : LibraryPart(type.type().library.state), type_(type) {}
 
 HRESULT TypeComp::Bind(LPOLESTR name, ULONG, WORD flags, ITypeInfo** type, DESCKIND* kind, BINDPTR* result) {
     if (!name || !type || !kind || !result) {

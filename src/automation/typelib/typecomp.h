@@ -5,20 +5,18 @@
 
 namespace mox::typelib {
 
-class Library;
 class TypeInfo;
 
 /// Binds the names of a type's members. Owned by its type.
 class TypeComp final : public LibraryPart<ITypeComp> {
 public:
-    TypeComp(Library& library, TypeInfo& type);
+    explicit TypeComp(TypeInfo& type);
 
     HRESULT Bind(LPOLESTR name, ULONG hash, WORD flags, ITypeInfo** type, DESCKIND* kind, BINDPTR* result) override;
     /// A type has no types inside, so nothing is ever found.
     HRESULT BindType(LPOLESTR name, ULONG hash, ITypeInfo** type, ITypeComp** comp) override;
 
 private:
-    Library& library_;
     TypeInfo& type_;
 };
 

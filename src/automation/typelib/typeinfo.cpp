@@ -16,8 +16,7 @@ constexpr const char16_t* resultName = u"result";
 } // namespace
 
 TypeInfo::TypeInfo(Library& library, const TypeDescription& type, View view)
-    : LibraryPart(type.library.state), library_(library), type_(type), view_(view), contents_(type, view), comp_(library, *this) {
-}
+    : LibraryPart(type.library.state), library_(library), type_(type), view_(view), contents_(type, view), comp_(*this) {}
 
 VARDESC* TypeInfo::findVariable(const char16_t* name) noexcept {
     const NamedVariable found = typelib::findVariable(type_, name);

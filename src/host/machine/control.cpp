@@ -26,7 +26,7 @@ constexpr Handler handlers[] = {
     {"handles", &controlHandles}, {"doctor", &controlDoctor},
 };
 
-json run(std::string_view text) {
+std::string run(std::string_view text) {
     const json request = json::parse(text, nullptr, false);
     if (!request.is_object()) {
         throw ControlError("the request is no JSON object");
@@ -39,7 +39,7 @@ json run(std::string_view text) {
     if (handler == std::ranges::end(handlers)) {
         throw ControlError("unknown request: " + name->get<std::string>());
     }
-    return handler->run(request);
+    return handler->run(request).dump(-1, ' ', false, json::error_handler_t::replace); // paths may be no UTF-8
 }
 
 /// Leaves an error object for the caller.
@@ -94,7 +94,7 @@ HRESULT MoxControl(BSTR request, BSTR* reply) {
     *reply = nullptr;
     return mox::host::guarded([&] {
         const std::string text = mox::utf8FromUtf16(request ? std::u16string_view(request, SysStringLen(request)) : std::u16string_view());
-        *reply = mox::String::fromUtf8(mox::host::run(text).dump()).detach();
+        *reply = mox::String::fromUtf8(mox::host::run(text)).detach();
     });
 }
 

@@ -1,10 +1,12 @@
 // The machine that stands behind the platform's declarations.
 #pragma once
 
+#include "host/desktop/messageboxes.h"
 #include "host/desktop/messageloops.h"
 #include "host/files/files.h"
 #include "host/machine/handles.h"
 #include "host/machine/machineconfig.h"
+#include "host/machine/temporaryfolder.h"
 #include "host/text/codepage.h"
 
 #include "platform/kernel32.h"
@@ -13,41 +15,50 @@
 #include "platform/shell32.h"
 #include "platform/user32.h"
 
-#include <functional>
-#include <memory>
+#include <array>
+#include <optional>
 
 namespace mox::host {
 
 /// All services of one machine and the operations that lead to them. A process has one present machine: made from the environment at its
 /// first use, or configured before that; tests put their own in its place.
 class MOX_API Machine {
+    // Before the services, which are made from them.
+    std::optional<TemporaryFolder> temporaryHome_;
+    const MachineConfig config_;
+
 public:
+    /// Throws `std::invalid_argument` for a code page that is not known.
     explicit Machine(MachineConfig config);
+    /// No thread may be using the machine.
     ~Machine();
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
 
-    /// The present machine.
+    /// The present machine. Once made at its first use it stays for good, as objects of the program may end after all else; a temporary home goes
+    /// with the process.
     static Machine& current();
     /// What the present machine is going to be made of. Fails with a logic_error once there is one.
     static void configure(MachineConfig config);
     /// Puts a machine in the place of the present one, or back; gives the one before. For tests.
     static Machine* exchange(Machine* machine) noexcept;
 
+    /// With the home and the clock that serve where none are given.
     const MachineConfig& config() const noexcept { return config_; }
+    /// True if the home is a temporary folder.
+    bool isTemporary() const noexcept { return temporaryHome_.has_value(); }
+    Clock& clock() const noexcept { return *config_.clock; }
 
+    std::array<const platform::SystemLibrary*, 5> libraries() const noexcept;
     /// The operation of that full name, `kernel32.FindFirstFileA`, without regard to case; null if there is none.
     platform::OperationBase* findOperation(std::string_view fullName);
 
-private:
-    const MachineConfig config_;
-
-public:
     // Services. Each is small and stands for itself; the operations below forward to them.
     Handles handles;
     CodePage codePage;
     Files files;
     MessageLoops messageLoops;
+    MessageBoxes messageBoxes;
 
     platform::Kernel32 kernel32;
     platform::Psapi psapi;

@@ -6,7 +6,6 @@
 #include <nlohmann/json.hpp>
 
 #include <limits>
-#include <stdexcept>
 #include <string>
 
 namespace mox::host {
@@ -47,11 +46,10 @@ bool memoryFact(const json& value) {
 
 std::uint32_t codePageFact(const json& value) {
     const std::uint32_t number = numberFact(value, "codepage");
-    try {
-        return CodePage(number).number();
-    } catch (const std::invalid_argument& error) {
-        throw ControlError(std::string("fact codepage: ") + error.what());
+    if (!CodePage::isKnown(number)) {
+        throw ControlError("fact codepage: not known: " + std::to_string(number));
     }
+    return number;
 }
 
 WindowsVersion windowsFact(const json& value) {

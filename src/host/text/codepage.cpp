@@ -41,6 +41,10 @@ CodePage::CodePage(std::uint32_t number) : number_(number), tables_(CodePageTabl
     }
 }
 
+bool CodePage::isKnown(std::uint32_t number) noexcept {
+    return CodePageTables::isKnown(number);
+}
+
 std::string CodePage::fromUtf16(std::u16string_view text) const {
     const std::uint16_t* codes = tables_->codes.data();
     if (!tables_->hasPairs()) {

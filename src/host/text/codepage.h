@@ -20,6 +20,7 @@ public:
     /// Throws `std::invalid_argument` for a number that is no known code page. Known are the ANSI code pages 874, 932, 936, 949, 950 and 1250 to
     /// 1258 and the OEM code pages 437, 737, 775, 850, 852, 855, 858, 860 to 863, 865 and 866. Cheap for a page that was used before.
     explicit CodePage(std::uint32_t number);
+    static bool isKnown(std::uint32_t number) noexcept;
 
     std::uint32_t number() const noexcept { return number_; }
     std::string fromUtf16(std::u16string_view text) const;

@@ -168,6 +168,10 @@ std::shared_ptr<const CodePageTables> makeTables(const Description& description)
 
 } // namespace
 
+bool CodePageTables::isKnown(std::uint32_t number) noexcept {
+    return std::ranges::find(descriptions, number, &Description::number) != std::ranges::end(descriptions);
+}
+
 std::shared_ptr<const CodePageTables> CodePageTables::find(std::uint32_t number) {
     const auto description = std::ranges::find(descriptions, number, &Description::number);
     if (description == std::ranges::end(descriptions)) {

@@ -13,6 +13,8 @@ struct CodePageTables {
     /// The tables of a code page, made once in a process; null for an unknown number. Throws `std::runtime_error` if ICU cannot serve it.
     static std::shared_ptr<const CodePageTables> find(std::uint32_t number);
 
+    static bool isKnown(std::uint32_t number) noexcept;
+
     bool hasPairs() const noexcept { return !pairs.empty(); }
 
     /// The character of each byte that stands alone.
