@@ -16,6 +16,7 @@ inline constexpr std::uint32_t FILE_ATTRIBUTE_DIRECTORY = 0x10;
 inline constexpr std::uint32_t FILE_ATTRIBUTE_ARCHIVE = 0x20;
 inline constexpr std::uint32_t FILE_ATTRIBUTE_NORMAL = 0x80;
 inline constexpr std::uint32_t FILE_ATTRIBUTE_TEMPORARY = 0x100;
+inline constexpr std::uint32_t FILE_ATTRIBUTE_REPARSE_POINT = 0x400;
 inline constexpr std::uint32_t INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
 
 // Kinds of drives.
@@ -40,9 +41,8 @@ struct WIN32_FIND_DATAA {
     std::uint64_t ftLastAccessTime = 0;
     std::uint64_t ftLastWriteTime = 0;
     std::uint64_t nFileSize = 0;
+    /// A name that the code page does not hold appears as its short name.
     std::string cFileName;
-    /// The short name, if it differs from the name.
-    std::string cAlternateFileName;
 };
 
 /// One process of a snapshot.

@@ -28,7 +28,8 @@ int doctor() {
         std::cerr << "mox-host: " << errorText() << "\n";
         return 1;
     }
-    for (const auto& line : nlohmann::json::parse(reply.utf8()).at("services")) {
+    const auto answer = nlohmann::json::parse(reply.utf8());
+    for (const auto& line : answer.at("services")) {
         std::cout << std::left << std::setw(16) << line.at("service").get<std::string>() << line.at("text").get<std::string>() << "\n";
     }
     return 0;

@@ -39,6 +39,7 @@ DISP_E_OVERFLOW = 0x8002000A
 DISP_E_BADINDEX = 0x8002000B
 DISP_E_BADPARAMCOUNT = 0x8002000E
 DISP_E_PARAMNOTOPTIONAL = 0x8002000F
+TYPE_E_ELEMENTNOTFOUND = 0x8002802B
 CO_E_CLASSSTRING = 0x800401F3
 
 
@@ -241,6 +242,7 @@ class TypeLib:
 
 
 class RecordInfo:
+    RecordCopy = Slot(5, c_void_p, c_void_p)
     GetGuid = Slot(6, _guid)
     PutField = Slot(12, c_uint, c_void_p, ctypes.c_char_p, POINTER(VARIANT))
     RecordCreate = Slot(16, restype=c_void_p)

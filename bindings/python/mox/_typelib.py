@@ -9,8 +9,8 @@ from ctypes import POINTER, c_int, c_uint, c_void_p
 
 from . import _abi
 from ._abi import (FUNCDESC, GUID, TLIBATTR, TYPEATTR, VARDESC, VT_DISPATCH, VT_I4, VT_PTR, VT_RECORD, VT_SAFEARRAY, VT_UNKNOWN, VT_USERDEFINED,
-                   VT_VARIANT, VT_VOID, TypeInfo, TypeLib, release)
-from ._errors import check
+                   VT_VARIANT, TypeInfo, TypeLib, release)
+from ._errors import check, error_of
 from ._platform import CLSCTX_INPROC_SERVER, apartments, platform, take_text
 
 #: Asked of a server for this class, its entry point gives the type library of the file.
@@ -220,23 +220,22 @@ def _constant(variant):
 
 
 def _type_of(info, description):
-    vt, array, byref = description.vt, False, False
-    while vt in (VT_PTR, VT_SAFEARRAY):
-        array |= vt == VT_SAFEARRAY
-        byref |= vt == VT_PTR and not array
+    array, pointers = False, 0
+    while description.vt in (VT_PTR, VT_SAFEARRAY):
+        array |= description.vt == VT_SAFEARRAY
+        pointers += description.vt == VT_PTR and not array
         description = description.lptdesc.contents
-        vt = description.vt
-    if vt != VT_USERDEFINED:
-        return Type(vt, array, byref)
+    if description.vt != VT_USERDEFINED:
+        return Type(description.vt, array, pointers > 0)
     entry = _referenced(info, description.hreftype)
     if entry.kind == _abi.TKIND_ALIAS:
         target = entry.library.alias_target(entry)
-        return Type(target.vt, array or target.array, byref, target.entry)
+        return Type(target.vt, array or target.array, pointers > 0, target.entry)
     if entry.is_enum:
-        return Type(VT_I4, array, byref, entry)
+        return Type(VT_I4, array, pointers > 0, entry)
     if entry.is_record:
-        return Type(VT_RECORD, array, byref, entry)
-    return Type(VT_DISPATCH, array, byref, entry)
+        return Type(VT_RECORD, array, pointers > 0, entry)
+    return Type(VT_DISPATCH, array, pointers > 1, entry)  # an object is a pointer in any case
 
 
 def _referenced(info, handle):
@@ -372,3 +371,11 @@ def libraries():
 def find_type(name):
     """The type of that name, without regard to case, in the server's library or in one that it refers to; None if there is none."""
     return library().named(name) or next((entry for found in libraries() if (entry := found.named(name))), None)
+
+
+def entry_of(guid):
+    """The type with this identifier, in text form, in the server's library or in one that it refers to."""
+    for found in [library(), *libraries()]:
+        if guid in found.by_guid:
+            return found.by_guid[guid]
+    raise error_of(_abi.TYPE_E_ELEMENTNOTFOUND)

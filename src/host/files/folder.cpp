@@ -32,7 +32,10 @@ bool visitNames(const std::string& path, Visit&& visit) {
     return true;
 }
 
-std::string findWithoutCase(const std::string& folder, std::string_view name) {
+std::string findLongName(const std::string& folder, std::string_view name) {
+    if (existsOnDisk(joined(folder, name))) {
+        return std::string(name);
+    }
     std::string found;
     visitNames(folder, [&](std::string_view other) {
         if (equalWithoutCase(other, name) && (found.empty() || other < found)) {
@@ -54,6 +57,15 @@ std::string joined(std::string_view folder, std::string_view name) {
     return path += name;
 }
 
+std::string parentOf(std::string_view path) {
+    const std::size_t end = path.rfind('/');
+    return std::string(path.substr(0, end == 0 ? 1 : end));
+}
+
+std::string nameOf(std::string_view path) {
+    return std::string(path.substr(path.rfind('/') + 1));
+}
+
 bool existsOnDisk(const std::string& path) noexcept {
     struct stat facts {};
     return lstat(path.c_str(), &facts) == 0;
@@ -73,26 +85,17 @@ std::optional<std::vector<std::string>> namesIn(const std::string& folder) {
 }
 
 std::string findName(const std::string& folder, std::string_view name, const CodePage& codePage) {
-    for (const std::string_view sought : {name, withoutTrailingDots(name)}) {
-        if (sought.empty()) {
-            continue;
-        }
-        if (existsOnDisk(joined(folder, sought))) {
-            return std::string(sought);
-        }
-        if (std::string found = findWithoutCase(folder, sought); !found.empty()) {
-            return found;
-        }
-        if (sought == withoutTrailingDots(name)) {
-            break;
-        }
+    const std::string_view plain = withoutTrailingDots(name);
+    std::string found = findLongName(folder, name);
+    if (found.empty() && plain.size() < name.size() && !plain.empty()) {
+        found = findLongName(folder, plain);
     }
-    if (looksMade(withoutTrailingDots(name))) {
+    if (found.empty() && looksMade(plain)) {
         if (auto names = namesIn(folder)) {
-            return ShortNames(std::move(*names), codePage).find(withoutTrailingDots(name));
+            found = ShortNames(std::move(*names), codePage).find(plain);
         }
     }
-    return {};
+    return found;
 }
 
 std::string shortNameIn(const std::string& folder, const std::string& name, const CodePage& codePage) {

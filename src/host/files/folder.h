@@ -3,6 +3,7 @@
 
 #include "host/text/codepage.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,8 +11,19 @@
 
 namespace mox::host {
 
-/// `name` in `folder`. Paths on disk are plain texts here, with no separator at their end but for the root.
+/// A path on disk: plain text, with no separator at its end but for the root of the disk.
+struct DiskPath {
+    std::string text;
+    /// The part of the text that is the folder of the drive; 0 if that is the root of the disk.
+    std::size_t rootLength = 0;
+};
+
+/// `name` in `folder`.
 std::string joined(std::string_view folder, std::string_view name);
+
+/// The folder that a path on disk lies in, and the last name of the path.
+std::string parentOf(std::string_view path);
+std::string nameOf(std::string_view path);
 
 /// True if there is something at a path, be it a link that leads nowhere.
 bool existsOnDisk(const std::string& path) noexcept;

@@ -31,7 +31,7 @@ std::optional<std::string> loadedFile(const std::string& line) {
     }
     path = withoutDeletedMark(std::move(path));
     for (std::size_t place = path.find("\\012"); place != std::string::npos; place = path.find("\\012", place + 1)) {
-        path.replace(place, 4, "\n"); // the one character that the map escapes
+        path.replace(place, 4, 1, '\n'); // the one character that the map escapes
     }
     return path;
 }

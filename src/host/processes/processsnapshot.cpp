@@ -27,7 +27,8 @@ std::optional<ProcessFacts> factsOfProcess(std::uint32_t id) {
     if (nameBegin == 0 || nameEnd == std::string::npos) {
         return std::nullopt;
     }
-    ProcessFacts facts{.id = id};
+    ProcessFacts facts;
+    facts.id = id;
     std::istringstream fields(line.substr(nameEnd + 1));
     std::string skipped;
     fields >> skipped >> facts.parent;
