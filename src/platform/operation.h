@@ -26,8 +26,8 @@ public:
 
     std::string_view name() const noexcept { return name_; }
     const std::vector<OperationBase*>& operations() const noexcept { return operations_; }
-    /// True if calls into this library are printed: its name stands in the environment variable MOX_TRACE, a list separated by commas that is
-    /// read once in a process.
+    /// True if calls into this library are printed: its name stands in the environment variable MOX_TRACE, a list separated by
+    /// commas that is read once in a process.
     bool traced() const noexcept { return traced_; }
 
 private:
@@ -51,6 +51,9 @@ public:
     std::string fullName() const;
     std::string_view name() const noexcept { return name_; }
 
+    /// True once the host has set what the operation does.
+    bool isServed() const noexcept { return isServed_; }
+
     /// Calls since the start or the last `reset`, those that were made to fail included.
     std::uint64_t calls() const noexcept { return calls_.load(std::memory_order_relaxed); }
     void reset() noexcept { calls_.store(0, std::memory_order_relaxed); }
@@ -65,8 +68,10 @@ protected:
     /// Counts a call. False if it has to fail.
     bool enter() noexcept {
         calls_.fetch_add(1, std::memory_order_relaxed);
-        return (failures_.load(std::memory_order_relaxed) == 0 && !faultPlan.load(std::memory_order_acquire)) || enterUnderFaults();
+        return (failures_.load(std::memory_order_relaxed) == 0 && !faultPlan.load(std::memory_order_acquire)) ||
+               enterUnderFaults();
     }
+    void markServed() noexcept { isServed_ = true; }
     bool traced() const noexcept { return library_.traced(); }
     void trace(const std::string& arguments, const std::string& answer) const;
 
@@ -79,13 +84,14 @@ private:
 
     SystemLibrary& library_;
     const std::string_view name_;
+    bool isServed_ = false;
     std::atomic<std::uint64_t> calls_ = 0;
     std::atomic<std::uint64_t> failures_ = 0;
 };
 
-/// While it lives, lets exactly one call of any operation fail, or that one and all after it. The fault sweep moves it on from call to call.
-/// Calls count from all operations and threads of the process, from the start of the plan. One plan lives at a time, a second one throws
-/// `std::logic_error`.
+/// While it lives, lets exactly one call of any operation fail, or that one and all after it. The fault sweep moves it on from
+/// call to call. Calls count from all operations and threads of the process, from the start of the plan. One plan lives at a
+/// time, a second one throws `std::logic_error`.
 class MOX_API FaultPlan {
 public:
     /// `first`: the number of the call that fails, counted from 0. `onwards`: all later ones fail too.
@@ -117,8 +123,7 @@ MOX_API std::string traceText(std::u16string_view text);
 inline std::string traceText(const std::string& text) {
     return traceText(std::string_view(text));
 }
-template <class Value>
-std::string traceText(const Value& value) {
+template <class Value> std::string traceText(const Value& value) {
     if constexpr (std::is_enum_v<Value>) {
         return std::to_string(static_cast<long long>(value));
     } else if constexpr (std::integral<Value> || std::floating_point<Value>) {
@@ -130,17 +135,15 @@ std::string traceText(const Value& value) {
     }
 }
 
-template <class Signature>
-class Operation;
+template <class Signature> class Operation;
 
-/// Marks an operation that gives something back to the system: made to fail, it still does its work, as such operations do in reality. So
-/// what leaks under a fault is leaked by the caller.
+/// Marks an operation that gives something back to the system: made to fail, it still does its work, as such operations do in
+/// reality. So what leaks under a fault is leaked by the caller.
 inline constexpr bool givesBack = true;
 
-/// An operation of the system: a body that the host sets, and the answer of a failure. Text passes as bytes in the system's code page, as
-/// the A forms of the operations have it.
-template <class Result, class... Arguments>
-class Operation<Result(Arguments...)> : public OperationBase {
+/// An operation of the system: a body that the host sets, and the answer of a failure. Text passes as bytes in the system's code
+/// page, as the A forms of the operations have it.
+template <class Result, class... Arguments> class Operation<Result(Arguments...)> : public OperationBase {
 public:
     using Body = std::function<Result(Arguments...)>;
 
@@ -150,6 +153,7 @@ public:
     /// Sets the body for good. The host does it once for each operation.
     Operation& operator=(Body body) {
         body_ = std::move(body);
+        markServed();
         return *this;
     }
 

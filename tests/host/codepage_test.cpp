@@ -34,8 +34,8 @@ TEST(CodePageTest, hasThePublishedTablesOfSingleBytePages) {
 
 TEST(CodePageTest, losesNoByteOfASingleBytePage) {
     const std::string bytes = allBytes(0, 0xFF);
-    for (const std::uint32_t number : {437,  737,  775,  850,  852,  855,  858,  860,  861,  862,  863,  865,  866,
-                                       874,  1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258}) {
+    for (const std::uint32_t number : {437, 737, 775,  850,  852,  855,  858,  860,  861,  862,  863, 865,
+                                       866, 874, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258}) {
         SCOPED_TRACE(number);
         const CodePage page(number);
         const std::u16string text = page.toUtf16(bytes);
@@ -56,12 +56,13 @@ TEST(CodePageTest, hasTheOemPagesThatDifferInFewPlaces) {
         unsigned byte;
         char16_t character;
     } samples[] = {
-        {737, 0x80, u'Α'},  {737, 0xFF, u'\u00A0'}, {775, 0x80, u'Ć'},  {775, 0xE6, u'µ'},  {855, 0xFC, u'№'}, {858, 0xD5, u'€'},
-        {860, 0x84, u'ã'},  {860, 0xE6, u'µ'},      {861, 0x8B, u'Ð'},  {862, 0x80, u'א'},  {863, 0x8D, u'‗'}, {865, 0xAF, u'¤'},
-        {865, 0x9B, u'ø'},  {437, 0x1A, u'\x1A'},   {437, 0x7F, u'\x7F'}, {850, 0xD5, u'ı'},
+        {737, 0x80, u'Α'}, {737, 0xFF, u'\u00A0'}, {775, 0x80, u'Ć'},    {775, 0xE6, u'µ'}, {855, 0xEF, u'№'}, {858, 0xD5, u'€'},
+        {860, 0x84, u'ã'}, {860, 0xE6, u'µ'},      {861, 0x8B, u'Ð'},    {862, 0x80, u'א'}, {863, 0x8D, u'‗'}, {865, 0xAF, u'¤'},
+        {865, 0x9B, u'ø'}, {437, 0x1A, u'\x1A'},   {437, 0x7F, u'\x7F'}, {850, 0xD5, u'ı'},
     };
     for (const auto& [number, byte, character] : samples) {
-        EXPECT_EQ(CodePage(number).toUtf16({1, static_cast<char>(byte)}), std::u16string(1, character)) << number << " " << byte;
+        EXPECT_EQ(CodePage(number).toUtf16(std::string(1, static_cast<char>(byte))), std::u16string(1, character))
+            << number << " " << byte;
     }
 }
 
@@ -71,14 +72,14 @@ TEST(CodePageTest, putsAQuestionMarkForWhatItLacks) {
         std::u16string_view text;
         std::string_view bytes;
     } samples[] = {
-        {1252, u"a\u0100b", "a?b"},                    // A with macron: no similar letter
-        {1252, u"\u221E", "?"},                        // infinity: no 8
-        {1252, u"C:\uFF3Cx\uFF0Fy", "C:?x?y"},         // full-width separators: none of a path
-        {1252, u"\u03BC", "?"},                        // the Greek letter is not the micro sign
-        {1252, u"a\u200Bb", "a?b"},                    // zero width: does not vanish
-        {1252, u"\U0001F600", "??"},                   // one for each half of a pair
-        {1252, u"\xD800", "?"},                        // and for a half alone
-        {1252, u"\x0080", "?"},                        // 0x80 is the euro sign
+        {1252, u"a\u0100b", "a?b"},            // A with macron: no similar letter
+        {1252, u"\u221E", "?"},                // infinity: no 8
+        {1252, u"C:\uFF3Cx\uFF0Fy", "C:?x?y"}, // full-width separators: none of a path
+        {1252, u"\u03BC", "?"},                // the Greek letter is not the micro sign
+        {1252, u"a\u200Bb", "a?b"},            // zero width: does not vanish
+        {1252, u"\U0001F600", "??"},           // one for each half of a pair
+        {1252, u"\xD800", "?"},                // and for a half alone
+        {1252, u"\x0080", "?"},                // 0x80 is the euro sign
         {1251, u"é", "?"},
         {437, u"\u263A", "?"},
         {874, u"é", "?"},
@@ -101,17 +102,17 @@ TEST(CodePageTest, knowsTheCharactersOfTwoBytes) {
         std::string_view bytes;
     } samples[] = {
         {932, u"日本語\\~", "\x93\xFA\x96{\x8C\xEA\\~"},
-        {932, u"ｱｶﾞ", "\xB1\xB6\xDE"},                 // half width: one byte each
-        {932, u"ソ表", "\x83\\\x95\\"},                // trail bytes that look like a backslash
+        {932, u"ｱｶﾞ", "\xB1\xB6\xDE"},  // half width: one byte each
+        {932, u"ソ表", "\x83\\\x95\\"}, // trail bytes that look like a backslash
         {932, u"①Ⅷ㈱", "\x87\x40\x87\x5B\x87\x8A"},
         {932, u"～－∥￢", "\x81\x60\x81\x7C\x81\x61\x81\xCA"},
-        {932, u"ⅰ纊髙", "\xFA\x40\xFA\x5C\xFB\xFC"},   // the IBM extensions, not their copies
-        {932, u"\uE000\uE757", "\xF0\x40\xF9\xFC"},    // user-defined
+        {932, u"ⅰ纊髙", "\xFA\x40\xFA\x5C\xFB\xFC"}, // the IBM extensions, not their copies
+        {932, u"\uE000\uE757", "\xF0\x40\xF9\xFC"},  // user-defined
         {932, u"\u0080\uF8F0\uF8F1\uF8F2\uF8F3", "\x80\xA0\xFD\xFE\xFF"},
         {936, u"中文€", "\xD6\xD0\xCE\xC4\x80"},
         {936, u"丂\uF8F5", "\x81\x40\xFF"},
         {949, u"한국어", "\xC7\xD1\xB1\xB9\xBE\xEE"},
-        {949, u"갂똠", "\x81\x41\x8C\x63"},            // syllables of the extension
+        {949, u"갂똠", "\x81\x41\x8C\x63"}, // syllables of the extension
         {949, u"\u0080\uF8F7", "\x80\xFF"},
         {950, u"中文功", "\xA4\xA4\xA4\xE5\xA5\x5C"},
         {950, u"\u0080\uF8F8碁", "\x80\xFF\xF9\xD6"},
@@ -136,12 +137,9 @@ TEST(CodePageTest, replacesBrokenPairsAndKeepsTheByteBehind) {
         std::string_view bytes;
         std::u16string_view text;
     } samples[] = {
-        {932, "a\x81", u"a\u30FB"},
-        {932, std::string_view("\x81\0b", 3), std::u16string_view(u"\u30FB\0b", 3)},
-        {932, "\x81 x", u"\u30FB x"},
-        {936, "\x81\xFF", u"?\uF8F5"},
-        {949, "\xC7", u"?"},
-        {950, "\xA4\xA4\xA4", u"中?"},
+        {932, "a\x81", u"a\u30FB"},   {932, std::string_view("\x81\0b", 3), std::u16string_view(u"\u30FB\0b", 3)},
+        {932, "\x81 x", u"\u30FB x"}, {936, "\x81\xFF", u"?\uF8F5"},
+        {949, "\xC7", u"?"},          {950, "\xA4\xA4\xA4", u"中?"},
     };
     for (const auto& [number, bytes, text] : samples) {
         EXPECT_EQ(CodePage(number).toUtf16(bytes), text) << number;
@@ -158,7 +156,8 @@ TEST(CodePageTest, tellsLeadBytes) {
         for (unsigned byte = 0; byte <= 0xFF; ++byte) {
             bool expected = false;
             for (std::size_t i = 0; i < ranges.size(); i += 2) {
-                expected = expected || (byte >= static_cast<std::uint8_t>(ranges[i]) && byte <= static_cast<std::uint8_t>(ranges[i + 1]));
+                expected = expected ||
+                           (byte >= static_cast<std::uint8_t>(ranges[i]) && byte <= static_cast<std::uint8_t>(ranges[i + 1]));
             }
             EXPECT_EQ(page.isLeadByte(static_cast<std::uint8_t>(byte)), expected) << number << " " << byte;
         }

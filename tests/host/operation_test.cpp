@@ -51,6 +51,8 @@ TEST(OperationTest, callsItsBodyAndCounts) {
 TEST(OperationTest, failsWithoutABody) {
     Sample sample;
     EXPECT_EQ(sample.Missing(u"x", 1), "none");
+    EXPECT_FALSE(sample.Missing.isServed());
+    EXPECT_TRUE(sample.Length.isServed());
     EXPECT_EQ(sample.Missing.calls(), 1u);
 }
 
@@ -109,7 +111,8 @@ TEST(OperationTest, replacesItsBodyForAScope) {
         const auto outer = sample.Length.replace([](std::string_view) { return 100; });
         EXPECT_EQ(sample.Length("ab"), 100);
         {
-            const auto inner = sample.Length.replace([](std::string_view text) { return 200 + static_cast<std::int32_t>(text.size()); });
+            const auto inner =
+                sample.Length.replace([](std::string_view text) { return 200 + static_cast<std::int32_t>(text.size()); });
             EXPECT_EQ(sample.Length("ab"), 202);
         }
         EXPECT_EQ(sample.Length("ab"), 100);
@@ -138,7 +141,7 @@ TEST(OperationTest, printsCallsOfTracedLibraries) {
     traced.Length("");
     traced.Close(-1);
     silent.Length("x");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "traced library.Length(\"C:\\\\a \\\"b\\\"\\n\\x80\") -> 9\n"
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "traced library.Length(\"C:\\\\a \\\"b\\\"\\n\\x80\") -> 10\n"
                                                       "traced library.Fill([260], 260) -> 1\n"
                                                       "traced library.Missing(\"\\u20AC\", 1.500000) -> \"none\"\n"
                                                       "traced library.Length(\"\") -> -1\n"

@@ -146,7 +146,8 @@ TEST_F(ProcessesTest, givesTheModulesOfThisProcess) {
         paths.push_back(pathOf(process, modules[i]));
     }
     EXPECT_EQ(paths[0], drivePath(thisProgram));
-    EXPECT_EQ(std::ranges::count_if(paths, [](const auto& path) { return path.find("libmoxplatform.so") != std::string::npos; }), 1);
+    EXPECT_EQ(std::ranges::count_if(paths, [](const auto& path) { return path.find("libmoxplatform.so") != std::string::npos; }),
+              1);
     EXPECT_EQ(std::ranges::count_if(paths, [](const auto& path) { return path.find("\\libc.so.6") != std::string::npos; }), 1);
     std::ranges::sort(paths);
     EXPECT_EQ(std::ranges::adjacent_find(paths), paths.end());

@@ -9,8 +9,8 @@
 
 namespace mox::test {
 
-/// Runs a program whose standard input is a pipe that stays open, and whose output goes nowhere. At the end of this object the pipe closes, the
-/// program is killed and waited for.
+/// Runs a program whose standard input is a pipe that stays open, and whose output goes nowhere. At the end of this object the
+/// pipe closes, the program is killed and waited for.
 class ChildProcess {
 public:
     /// Throws `std::system_error` if the program does not start.

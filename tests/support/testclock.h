@@ -7,8 +7,8 @@
 
 namespace mox::test {
 
-/// Stands until somebody moves it, or waits: waiting takes no real time and moves it on. Starts shortly before the point at which the 32 bits of
-/// a tick count wrap, as such bugs only show there.
+/// Stands until somebody moves it, or waits: waiting takes no real time and moves it on. Starts shortly before the point at which
+/// the 32 bits of a tick count wrap, as such bugs only show there.
 class TestClock final : public host::Clock {
 public:
     static constexpr std::uint64_t start = 0xFFFFFF00;

@@ -12,8 +12,8 @@
 
 namespace mox::test {
 
-/// The present machine for as long as it lives: a home of its own in a temporary folder, a clock that the test moves. At its end the machine
-/// before it is the present one again, and every handle that is still open fails the test.
+/// The present machine for as long as it lives: a home of its own in a temporary folder, a clock that the test moves. At its end
+/// the machine before it is the present one again, and every handle that is still open fails the test.
 class TestMachine {
 public:
     /// What the configuration leaves open is the test's: the home, the clock.

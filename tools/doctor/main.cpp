@@ -30,7 +30,8 @@ int doctor() {
     }
     const auto answer = nlohmann::json::parse(reply.utf8());
     for (const auto& line : answer.at("services")) {
-        std::cout << std::left << std::setw(16) << line.at("service").get<std::string>() << line.at("text").get<std::string>() << "\n";
+        std::cout << std::left << std::setw(16) << line.at("service").get<std::string>() << line.at("text").get<std::string>()
+                  << "\n";
     }
     return 0;
 }

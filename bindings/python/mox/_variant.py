@@ -25,8 +25,12 @@ from ._values import Array, ByRef, ByteArray, Date
 class Makers:
     """What other modules add: objects, records and enum values from what a variant holds."""
 
-    #: (pointer, type) -> object; does not take the reference over
+    #: (pointer, type) -> object, with a reference of its own
     object = None
+    #: (pointer, type) -> object, which takes the reference over
+    taken_object = None
+    #: the class of all objects
+    object_class = None
     #: (memory, record info) -> a copy of the record
     record = None
     #: entry of an enum -> {number: value}
@@ -46,8 +50,9 @@ _MEANING = {
     VT_CY: lambda number: decimal.Decimal(number).scaleb(-4),
     VT_BOOL: bool,
 }
-_SIZES = {vt: ctypes.sizeof(plain) for vt, plain in _PLAIN.items()}
-_SIZES.update({VT_VARIANT: VARIANT_SIZE, VT_DECIMAL: 16, VT_ERROR: 4})
+#: Bytes of a value; those that are not listed are pointers.
+SIZES = {vt: ctypes.sizeof(plain) for vt, plain in _PLAIN.items()}
+SIZES.update({VT_VARIANT: VARIANT_SIZE, VT_DECIMAL: 16, VT_ERROR: 4})
 
 
 def read(vt, address, type=ANY):
@@ -329,7 +334,7 @@ def _write_element(data, index, value, type):
         return
     convert(variant, type.vt)
     # The element takes over what the variant owns.
-    size = _SIZES.get(type.vt, ctypes.sizeof(c_void_p))
+    size = SIZES.get(type.vt, ctypes.sizeof(c_void_p))
     start = ctypes.addressof(variant) + (0 if type.vt == VT_DECIMAL else VALUE_OFFSET)
     ctypes.memmove(data + index * size, start, size)
 

@@ -4,7 +4,8 @@
 
 namespace mox::host {
 
-std::int32_t MessageBoxes::show(platform::Handle owner, std::string_view text, std::string_view caption, std::uint32_t style) const {
+std::int32_t MessageBoxes::show(platform::Handle owner, std::string_view text, std::string_view caption,
+                                std::uint32_t style) const {
     if (presenter) {
         return presenter(owner, text, caption, style);
     }

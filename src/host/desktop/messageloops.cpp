@@ -34,7 +34,8 @@ struct ThreadTimers {
         return lastNumber;
     }
     std::map<std::uint32_t, Timer>::iterator earliest() {
-        return std::min_element(running.begin(), running.end(), [](const auto& a, const auto& b) { return a.second.due < b.second.due; });
+        return std::min_element(running.begin(), running.end(),
+                                [](const auto& a, const auto& b) { return a.second.due < b.second.due; });
     }
 };
 
@@ -68,7 +69,8 @@ bool MessageLoops::killTimer(std::uint32_t timer) {
 }
 
 void MessageLoops::pump(std::chrono::milliseconds duration) {
-    const std::uint64_t end = clock_->now() + static_cast<std::uint64_t>(std::max<std::chrono::milliseconds::rep>(duration.count(), 0));
+    const std::uint64_t end =
+        clock_->now() + static_cast<std::uint64_t>(std::max<std::chrono::milliseconds::rep>(duration.count(), 0));
     while (true) {
         const std::shared_ptr<Apartment> apartment = Apartment::current(); // a released object may end it
         apartment->releaseHandedOver();

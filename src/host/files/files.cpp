@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <ranges>
 #include <stdexcept>
 #include <utility>
 
@@ -48,13 +47,22 @@ std::optional<std::filesystem::path> Files::resolve(std::string_view path) const
     return location ? std::optional<std::filesystem::path>(location->path.text) : std::nullopt;
 }
 
+std::optional<std::filesystem::path> Files::resolveFile(std::string_view path) const {
+    const std::optional<DrivePath> parsed = parse(path);
+    return parsed && !parsed->endsWithSeparator ? resolve(path) : std::nullopt;
+}
+
 std::string Files::toDrivePath(const std::filesystem::path& path) const {
     std::error_code error;
     const std::filesystem::path absolute = std::filesystem::absolute(path, error).lexically_normal();
-    const auto isCloser = [](const auto& a, const auto& b) { return a.second.native().size() < b.second.native().size(); };
-    auto candidates = drives_ | std::views::filter([&](const auto& drive) { return isBelow(absolute.native(), drive.second.native()); });
-    const auto closest = std::ranges::max_element(candidates, isCloser);
-    if (path.empty() || error || closest == candidates.end()) {
+    auto closest = drives_.end();
+    for (auto drive = drives_.begin(); drive != drives_.end(); ++drive) {
+        const std::string& folder = drive->second.native();
+        if (isBelow(absolute.native(), folder) && (closest == drives_.end() || folder.size() > closest->second.native().size())) {
+            closest = drive;
+        }
+    }
+    if (path.empty() || error || closest == drives_.end()) {
         return {};
     }
     std::string folder = closest->second.native();
@@ -126,11 +134,11 @@ std::string Files::shortPath(std::string_view path) const {
         names.push_back(shortNameIn(folder->text, found, codePage_));
         folder->text = joined(folder->text, found);
     }
-    const DrivePath current = currentFolder();
-    const bool isRelative = path.front() != '\\' && path.front() != '/' && !path.substr(1).starts_with(':') &&
-                            names.size() > current.names.size() && std::ranges::equal(current.names, parsed->names | std::views::take(current.names.size()));
+    const std::vector<std::string> current = currentFolder().names;
+    const bool isRelative = path.front() != '\\' && path.front() != '/' && !path.substr(1).starts_with(':') && names.size() > current.size() &&
+                            std::equal(current.begin(), current.end(), parsed->names.begin());
     std::string result = isRelative ? "" : std::string{parsed->drive, ':', '\\'};
-    for (std::size_t i = isRelative ? current.names.size() : 0; i < names.size(); ++i) {
+    for (std::size_t i = isRelative ? current.size() : 0; i < names.size(); ++i) {
         result += names[i];
         result += i + 1 < names.size() || parsed->endsWithSeparator ? "\\" : "";
     }

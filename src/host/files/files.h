@@ -41,6 +41,8 @@ public:
     /// blanks at its end; empty if an earlier part does not exist, is no folder, or the path names no drive. A path with wildcards, and one to a file
     /// with a separator behind it, lead nowhere.
     std::optional<std::filesystem::path> resolve(std::string_view path) const;
+    /// As `resolve`, for what cannot be a folder: a path with a separator at its end leads nowhere.
+    std::optional<std::filesystem::path> resolveFile(std::string_view path) const;
     /// The path of a file on disk on the drive whose folder lies closest to it; empty if no drive reaches it. Names that the code page does not
     /// hold appear as short names.
     std::string toDrivePath(const std::filesystem::path& path) const;

@@ -33,7 +33,7 @@ constexpr std::array systemErrors{
     SystemError{EBUSY, permissionDenied},   SystemError{EDQUOT, diskFull},
     SystemError{EIO, deviceIoError},        SystemError{EMFILE, tooManyFiles},
     SystemError{ENAMETOOLONG, badFileName}, SystemError{ENFILE, tooManyFiles},
-    SystemError{ENODEV, deviceUnavailable}, SystemError{ENOENT, fileNotFound},
+    SystemError{ENODEV, deviceUnavailable}, SystemError{ENOENT, pathNotFound},
     SystemError{ENOSPC, diskFull},          SystemError{ENOTDIR, pathNotFound},
     SystemError{ENXIO, deviceUnavailable},  SystemError{EROFS, permissionDenied},
     SystemError{ETXTBSY, permissionDenied},
@@ -46,7 +46,10 @@ std::int32_t errorOfSystem() noexcept {
 
 /// Why a path leads nowhere.
 std::int32_t errorOfPath(const Files& files, std::string_view path) {
-    return files.hasFolderOf(path) ? badFileName : pathNotFound;
+    if (path.find_first_of("*?\"<>|") != std::string_view::npos) {
+        return badFileName;
+    }
+    return files.hasFolderOf(path) ? pathFileAccessError : pathNotFound;
 }
 
 bool isFileToDelete(const platform::WIN32_FIND_DATAA& found, const DiskPath& path) {
@@ -78,16 +81,17 @@ std::int32_t killFiles(const Files& files, std::string_view pattern) {
         if ((found.dwFileAttributes & platform::FILE_ATTRIBUTE_READONLY) != 0) {
             return pathFileAccessError;
         }
-        if (unlink(path.text.c_str()) != 0) {
+        if (unlink(path.text.c_str()) == 0) {
+            result = 0;
+        } else if (errno != ENOENT) {
             return errorOfSystem();
         }
-        result = 0;
     }
     return result;
 }
 
 std::int32_t touchFile(const Files& files, std::string_view file) {
-    const std::optional<std::filesystem::path> path = files.resolve(file);
+    const std::optional<std::filesystem::path> path = files.resolveFile(file);
     if (!path) {
         return errorOfPath(files, file);
     }

@@ -1,6 +1,8 @@
 // Patterns of names with wildcards.
 #pragma once
 
+#include "automation/objects/export.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +12,7 @@ namespace mox::host {
 /// A pattern as the find functions of DOS and Windows have it. `*` stands for any characters; `?` for one, or for none in front of a dot and
 /// at the end of the name. A dot in front of a wildcard may be missing at the end of the name: `*.*` is everything, `a.*` also finds `a`.
 /// `*.` at the end finds names without an extension. Case does not count.
-class NamePattern {
+class MOX_API NamePattern {
 public:
     /// `pattern`: UTF-8.
     explicit NamePattern(std::string_view pattern);

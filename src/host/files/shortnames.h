@@ -1,6 +1,7 @@
 // Short names: eight characters, a dot, three characters.
 #pragma once
 
+#include "automation/objects/export.h"
 #include "host/text/codepage.h"
 
 #include <string>
@@ -25,7 +26,7 @@ bool looksMade(std::string_view text) noexcept;
 /// tilde in them, and the extension (`Readme first.html` is `RXXXXX~X.HTM`). So it stays the same, whatever else comes into the folder, on every
 /// machine and for good. Only when two hashes of a folder meet, or one meets a real name, the name that is later in the order of bytes takes the
 /// next free one.
-class ShortNames {
+class MOX_API ShortNames {
 public:
     /// `names`: all names in the folder.
     ShortNames(std::vector<std::string> names, const CodePage& codePage);

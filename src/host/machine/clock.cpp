@@ -13,7 +13,8 @@ std::uint64_t Clock::now() const {
 }
 
 void Clock::waitUntil(std::uint64_t time) {
-    std::this_thread::sleep_until(steady_clock::time_point(std::chrono::duration_cast<steady_clock::duration>(Milliseconds(time))));
+    std::this_thread::sleep_until(
+        steady_clock::time_point(std::chrono::duration_cast<steady_clock::duration>(Milliseconds(time))));
 }
 
 } // namespace mox::host

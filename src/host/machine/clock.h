@@ -7,8 +7,8 @@
 
 namespace mox::host {
 
-/// Milliseconds since the system started, and waiting on that scale. This one is the system's own steady clock; tests put one in its place that
-/// they move. Any thread may use it.
+/// Milliseconds since the system started, and waiting on that scale. This one is the system's own steady clock; tests put one in
+/// its place that they move. Any thread may use it.
 class MOX_API Clock {
 public:
     Clock() = default;

@@ -56,8 +56,7 @@ HRESULT report(HRESULT status, const char* text) {
 }
 
 /// Runs `task` and makes what it throws into a status and an error object.
-template <class Task>
-HRESULT guarded(Task task) noexcept {
+template <class Task> HRESULT guarded(Task task) noexcept {
     try {
         SetErrorInfo(0, nullptr); // none that is pending may seem to belong to this call
         try {
@@ -93,12 +92,12 @@ HRESULT MoxControl(BSTR request, BSTR* reply) {
     }
     *reply = nullptr;
     return mox::host::guarded([&] {
-        const std::string text = mox::utf8FromUtf16(request ? std::u16string_view(request, SysStringLen(request)) : std::u16string_view());
+        const std::string text =
+            mox::utf8FromUtf16(request ? std::u16string_view(request, SysStringLen(request)) : std::u16string_view());
         *reply = mox::String::fromUtf8(mox::host::run(text)).detach();
     });
 }
 
 HRESULT MoxPump(UINT milliseconds) {
-    return mox::host::guarded(
-        [&] { mox::host::Machine::current().messageLoops.pump(std::chrono::milliseconds(milliseconds)); });
+    return mox::host::guarded([&] { mox::host::Machine::current().messageLoops.pump(std::chrono::milliseconds(milliseconds)); });
 }

@@ -38,8 +38,10 @@ MOX_API nlohmann::json controlDoctor(const nlohmann::json& request);
 
 /// Serves a request, a JSON object whose member "do" names it, and gives the reply, a JSON object that the caller frees.
 ///
-/// - `{"do": "machine", "facts": {...}}`: what the machine is made of, before its first use; see `applyFacts`. `E_FAIL` after that. Reply: `{}`.
-/// - `{"do": "operation", "name": "kernel32.FindFirstFileA", "action": ..., "times": n}`: "calls" gives `{"calls": n}`, "reset" sets that to 0,
+/// - `{"do": "machine", "facts": {...}}`: what the machine is made of, before its first use; see `applyFacts`. `E_FAIL` after
+/// that. Reply: `{}`.
+/// - `{"do": "operation", "name": "kernel32.FindFirstFileA", "action": ..., "times": n}`: "calls" gives `{"calls": n}`, "reset"
+/// sets that to 0,
 ///   "fail" makes the next `times` calls fail, or all if it is left out or null, "restore" ends that.
 /// - `{"do": "operations"}`: `{"operations": {"kernel32.FindFirstFileA": calls, ...}}`.
 /// - `{"do": "handles"}`: the open handles by kind, `{"handles": {"find": n, ...}}`.
@@ -48,6 +50,6 @@ MOX_API nlohmann::json controlDoctor(const nlohmann::json& request);
 /// `E_INVALIDARG` with an error object that says what is wrong for anything else, `E_POINTER` without a place for the reply.
 MOX_EXPORT HRESULT MoxControl(BSTR request, BSTR* reply);
 
-/// Runs the calling thread's message loop for `milliseconds`: its timers, and the release of references that other threads handed over. Never
-/// returns early. `E_FAIL` if a procedure throws.
+/// Runs the calling thread's message loop for `milliseconds`: its timers, and the release of references that other threads handed
+/// over. Never returns early. `E_FAIL` if a procedure throws.
 MOX_EXPORT HRESULT MoxPump(UINT milliseconds);

@@ -29,8 +29,9 @@ std::string textText(const Machine& machine) {
 
 std::string runtimeText(const Machine& machine) {
     const WindowsVersion& version = machine.config().windows;
-    return "reports version " + std::to_string(version.major) + "." + std::to_string(version.minor) + "." + std::to_string(version.build) +
-           (version.serviceText.empty() ? "" : " " + version.serviceText) + "; random numbers of the language, one sequence an apartment";
+    return "reports version " + std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
+           std::to_string(version.build) + (version.serviceText.empty() ? "" : " " + version.serviceText) +
+           "; random numbers of the language, one sequence an apartment";
 }
 
 } // namespace

@@ -13,7 +13,8 @@ constexpr unsigned useShift = placeShift + placeBits;
 constexpr std::uint32_t uses = std::uint32_t{1} << (31 - useShift);
 static_assert(Handles::most == std::size_t{1} << placeBits);
 
-// Places rest before they are used again. With the uses of each place, the number of a closed handle comes back after two million others.
+// Places rest before they are used again. With the uses of each place, the number of a closed handle comes back after two million
+// others.
 constexpr std::size_t resting = 1024;
 
 platform::Handle numberOf(std::size_t place, std::uint32_t use) {

@@ -16,26 +16,21 @@
 
 namespace mox::host {
 
-/// All open handles of a machine, of every kind, in one table. A handle's low bits are its place, its high bits count the uses of the place, so
-/// that a stale handle is refused. Handles are positive, divisible by 4, and never 0 or -1.
+/// All open handles of a machine, of every kind, in one table. A handle's low bits are its place, its high bits count the uses of
+/// the place, so that a stale handle is refused. Handles are positive, divisible by 4, and never 0 or -1.
 class MOX_API Handles {
 public:
-    /// A handle for `thing`, counted under `kind` ("find", "process", "bitmap", ...), a string that stays. 0 if there is no thing, or if the
-    /// table is full: `most` handles are open.
-    template <class Thing>
-    platform::Handle open(std::string_view kind, std::shared_ptr<Thing> thing) {
+    /// A handle for `thing`, counted under `kind` ("find", "process", "bitmap", ...), a string that stays. 0 if there is no
+    /// thing, or if the table is full: `most` handles are open.
+    template <class Thing> platform::Handle open(std::string_view kind, std::shared_ptr<Thing> thing) {
         return insert(kind, typeid(Thing), std::move(thing));
     }
     /// What the handle stands for, if it is open and of this type; null if not.
-    template <class Thing>
-    std::shared_ptr<Thing> get(platform::Handle handle) const {
+    template <class Thing> std::shared_ptr<Thing> get(platform::Handle handle) const {
         return std::static_pointer_cast<Thing>(find(handle, typeid(Thing)));
     }
     /// Closes a handle, if it is open and of this type.
-    template <class Thing>
-    bool close(platform::Handle handle) {
-        return erase(handle, typeid(Thing));
-    }
+    template <class Thing> bool close(platform::Handle handle) { return erase(handle, typeid(Thing)); }
 
     /// The open handles by kind, kinds without any left out.
     std::map<std::string, std::size_t> count() const;

@@ -1,5 +1,6 @@
 #include "host/machine/machine.h"
 
+#include "host/files/wire_files.h"
 #include "host/machine/wiring.h"
 
 #include "automation/objects/apartment.h"
@@ -43,8 +44,8 @@ Machine::Machine(MachineConfig config)
     wireKernel32(*this);
     wirePsapi(*this);
     wireRuntime(*this);
-    wireShell32(*this);
     wireUser32(*this);
+    wireFiles(*this);
 }
 
 Machine::~Machine() {

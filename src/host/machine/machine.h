@@ -20,8 +20,8 @@
 
 namespace mox::host {
 
-/// All services of one machine and the operations that lead to them. A process has one present machine: made from the environment at its
-/// first use, or configured before that; tests put their own in its place.
+/// All services of one machine and the operations that lead to them. A process has one present machine: made from the environment
+/// at its first use, or configured before that; tests put their own in its place.
 class MOX_API Machine {
     // Before the services, which are made from them.
     std::optional<TemporaryFolder> temporaryHome_;
@@ -35,8 +35,8 @@ public:
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
 
-    /// The present machine. Once made at its first use it stays for good, as objects of the program may end after all else; a temporary home goes
-    /// with the process.
+    /// The present machine. Once made at its first use it stays for good, as objects of the program may end after all else; a
+    /// temporary home goes with the process.
     static Machine& current();
     /// What the present machine is going to be made of. Fails with a logic_error once there is one.
     static void configure(MachineConfig config);

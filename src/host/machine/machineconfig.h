@@ -24,8 +24,8 @@ struct WindowsVersion {
 };
 
 struct MOX_API MachineConfig {
-    /// Folder of everything that the machine keeps, made when it is needed. Empty: nothing on disk but a temporary folder that goes with the
-    /// machine.
+    /// Folder of everything that the machine keeps, made when it is needed. Empty: nothing on disk but a temporary folder that
+    /// goes with the machine.
     std::filesystem::path home;
     WindowsVersion windows;
     /// The system's ANSI code page by its Windows number.

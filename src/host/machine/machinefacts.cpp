@@ -57,13 +57,10 @@ WindowsVersion windowsFact(const json& value) {
         throw ControlError("fact windows: not an array");
     }
     WindowsVersion version;
-    const std::pair<const char*, std::uint32_t*> numbers[] = {{"major", &version.major},
-                                                             {"minor", &version.minor},
-                                                             {"build", &version.build},
-                                                             {"platform", &version.platform},
-                                                             {"service_text", nullptr},
-                                                             {"product_type", &version.productType},
-                                                             {"suite", &version.suite}};
+    const std::pair<const char*, std::uint32_t*> numbers[] = {{"major", &version.major}, {"minor", &version.minor},
+                                                              {"build", &version.build}, {"platform", &version.platform},
+                                                              {"service_text", nullptr}, {"product_type", &version.productType},
+                                                              {"suite", &version.suite}};
     if (value.size() > std::size(numbers)) {
         throw ControlError("fact windows: more than " + std::to_string(std::size(numbers)) + " elements");
     }

@@ -12,8 +12,8 @@ namespace mox::host {
 ///     {"home": "/folder", "memory": false, "codepage": 1252, "drives": {"D": "/folder"},
 ///      "windows": [major, minor, build, platform, service_text, product_type, suite]}
 ///
-/// `windows` may end early. `memory` makes a machine without a home. Throws `ControlError` that names the fact for one that is unknown, of a
-/// wrong type or out of its range; the configuration is then as it was.
+/// `windows` may end early. `memory` makes a machine without a home. Throws `ControlError` that names the fact for one that is
+/// unknown, of a wrong type or out of its range; the configuration is then as it was.
 MOX_API void applyFacts(MachineConfig& config, const nlohmann::json& facts);
 
 } // namespace mox::host

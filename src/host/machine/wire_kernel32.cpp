@@ -40,8 +40,7 @@ bool closeHandle(Handles& handles, Handle handle) {
 }
 
 /// Gives what a conversion wrote into a buffer, or needs without one; 0 if the buffer is too small.
-template <class Unit>
-std::int32_t deliver(std::basic_string_view<Unit> text, std::span<Unit> buffer) {
+template <class Unit> std::int32_t deliver(std::basic_string_view<Unit> text, std::span<Unit> buffer) {
     if (!buffer.empty() && text.size() > buffer.size()) {
         return 0;
     }
@@ -50,8 +49,7 @@ std::int32_t deliver(std::basic_string_view<Unit> text, std::span<Unit> buffer) 
 }
 
 /// Converts by the code page of that number, `CP_ACP` being the machine's own; gives 0 for an unknown one.
-template <class Convert>
-std::int32_t convert(Machine& machine, std::uint32_t number, Convert conversion) {
+template <class Convert> std::int32_t convert(Machine& machine, std::uint32_t number, Convert conversion) {
     if (number == platform::CP_ACP) {
         return conversion(machine.codePage);
     }
@@ -66,8 +64,12 @@ void wireKernel32(Machine& machine) {
 
     kernel32.GetCurrentProcessId = [] { return static_cast<std::uint32_t>(getpid()); };
     kernel32.CreateToolhelp32Snapshot = [&](auto, auto) { return createSnapshot(handles); };
-    kernel32.Process32First = [&](auto snapshot, auto& entry) { return enumerate(machine, snapshot, entry, &ProcessSnapshot::first); };
-    kernel32.Process32Next = [&](auto snapshot, auto& entry) { return enumerate(machine, snapshot, entry, &ProcessSnapshot::next); };
+    kernel32.Process32First = [&](auto snapshot, auto& entry) {
+        return enumerate(machine, snapshot, entry, &ProcessSnapshot::first);
+    };
+    kernel32.Process32Next = [&](auto snapshot, auto& entry) {
+        return enumerate(machine, snapshot, entry, &ProcessSnapshot::next);
+    };
     kernel32.OpenProcess = [&](auto, auto, auto process) { return openProcess(handles, process); };
     kernel32.CloseHandle = [&](auto handle) { return closeHandle(handles, handle); };
 
@@ -82,7 +84,3 @@ void wireKernel32(Machine& machine) {
 }
 
 } // namespace mox::host
-
-mox::platform::Kernel32& mox::platform::kernel32() {
-    return host::Machine::current().kernel32;
-}

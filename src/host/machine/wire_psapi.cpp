@@ -36,11 +36,9 @@ void wirePsapi(Machine& machine) {
     psapi.EnumProcessModules = [&](auto process, auto modules, auto& needed) {
         return enumModules(machine.handles, process, modules, needed);
     };
-    psapi.GetModuleFileNameExA = [&](auto process, auto module, auto path) { return moduleFileName(machine, process, module, path); };
+    psapi.GetModuleFileNameExA = [&](auto process, auto module, auto path) {
+        return moduleFileName(machine, process, module, path);
+    };
 }
 
 } // namespace mox::host
-
-mox::platform::Psapi& mox::platform::psapi() {
-    return host::Machine::current().psapi;
-}

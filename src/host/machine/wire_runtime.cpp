@@ -21,7 +21,3 @@ void wireRuntime(Machine& machine) {
 }
 
 } // namespace mox::host
-
-mox::platform::Runtime& mox::platform::runtime() {
-    return host::Machine::current().runtime;
-}

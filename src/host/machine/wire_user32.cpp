@@ -15,7 +15,3 @@ void wireUser32(Machine& machine) {
 }
 
 } // namespace mox::host
-
-mox::platform::User32& mox::platform::user32() {
-    return host::Machine::current().user32;
-}

@@ -1,4 +1,4 @@
-// The bodies of the operations, one source a library.
+// The bodies of the operations, one source a library. Those on files are the files' own: `wireFiles`.
 #pragma once
 
 #include "host/machine/machine.h"
@@ -12,12 +12,10 @@ namespace mox::host {
 void wireKernel32(Machine& machine);
 void wirePsapi(Machine& machine);
 void wireRuntime(Machine& machine);
-void wireShell32(Machine& machine);
 void wireUser32(Machine& machine);
 
 /// Copies what fits.
-template <class Unit>
-void copyInto(std::span<Unit> buffer, std::basic_string_view<Unit> text) {
+template <class Unit> void copyInto(std::span<Unit> buffer, std::basic_string_view<Unit> text) {
     std::copy_n(text.data(), std::min(text.size(), buffer.size()), buffer.data());
 }
 

@@ -25,7 +25,8 @@ std::optional<std::string> loadedFile(const std::string& line) {
     std::string path;
     std::getline(fields, path);
     constexpr std::array<std::string_view, 3> noFiles = {"/memfd:", "/dev/", "/SYSV"};
-    const bool isFile = path.starts_with('/') && std::ranges::none_of(noFiles, [&](auto prefix) { return path.starts_with(prefix); });
+    const bool isFile =
+        path.starts_with('/') && std::ranges::none_of(noFiles, [&](auto prefix) { return path.starts_with(prefix); });
     if (!isFile || rights.find('x') == std::string::npos) {
         return std::nullopt;
     }

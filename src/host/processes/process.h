@@ -23,8 +23,8 @@ public:
     Process(std::uint32_t id, std::uint64_t start) : id_(id), start_(start) {}
 
     std::uint32_t id() const noexcept { return id_; }
-    /// The executable first, then the loaded libraries in the order of their addresses. A module keeps its number as long as this object lives;
-    /// the numbers are those of this object alone and need no closing. Empty if the process has ended.
+    /// The executable first, then the loaded libraries in the order of their addresses. A module keeps its number as long as this
+    /// object lives; the numbers are those of this object alone and need no closing. Empty if the process has ended.
     std::vector<platform::Handle> modules();
     /// The file of a module that `modules` named; 0 stands for the executable. Empty for anything else.
     std::optional<std::filesystem::path> moduleFile(platform::Handle module);

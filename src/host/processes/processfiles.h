@@ -12,7 +12,8 @@ namespace mox::host {
 /// All of a file of `/proc/<id>`; empty if it may not be read.
 std::string readProcessFile(std::uint32_t id, std::string_view name);
 
-/// The program that a process runs; empty if the process is gone, has none as the threads of the kernel do, or belongs to somebody else.
+/// The program that a process runs; empty if the process is gone, has none as the threads of the kernel do, or belongs to
+/// somebody else.
 std::optional<std::filesystem::path> executableOfProcess(std::uint32_t id);
 
 /// The path without the mark that the kernel puts behind a file that was deleted.

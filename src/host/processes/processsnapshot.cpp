@@ -20,7 +20,8 @@ std::optional<std::uint32_t> processNumber(const std::string& folder) {
 } // namespace
 
 std::optional<ProcessFacts> factsOfProcess(std::uint32_t id) {
-    // "17 (a name) S 1 ...": the name may hold any byte, so its end is the last parenthesis. What follows are the fields from 3 on.
+    // "17 (a name) S 1 ...": the name may hold any byte, so its end is the last parenthesis. What follows are the fields from 3
+    // on.
     const std::string line = readProcessFile(id, "stat");
     const std::size_t nameBegin = line.find('(') + 1;
     const std::size_t nameEnd = line.rfind(')');

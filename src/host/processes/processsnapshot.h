@@ -14,7 +14,8 @@ namespace mox::host {
 struct ProcessFacts {
     std::uint32_t id = 0;
     std::uint32_t parent = 0;
-    /// File name of the executable, in UTF-8; what the kernel calls the process where the executable may not be seen, at most 15 bytes then.
+    /// File name of the executable, in UTF-8; what the kernel calls the process where the executable may not be seen, at most 15
+    /// bytes then.
     std::string name;
     /// When it started, in the kernel's clock ticks since the system did: with `id` it tells processes of one number apart.
     std::uint64_t start = 0;

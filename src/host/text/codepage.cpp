@@ -12,8 +12,7 @@ namespace mox::host {
 namespace {
 
 /// Converts one unit into one, in blocks: most text is ASCII, which needs no table and goes many units at a time.
-template <class From, class To, class Lookup>
-void convertUnits(std::basic_string_view<From> text, To* result, Lookup lookup) {
+template <class From, class To, class Lookup> void convertUnits(std::basic_string_view<From> text, To* result, Lookup lookup) {
     constexpr std::size_t block = 16;
     const From* unit = text.data();
     const From* const end = unit + text.size();

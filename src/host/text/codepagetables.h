@@ -10,7 +10,8 @@ namespace mox::host {
 
 /// What every byte and every character of one code page stands for. Bytes below 0x80 are ASCII in every code page. Immutable.
 struct CodePageTables {
-    /// The tables of a code page, made once in a process; null for an unknown number. Throws `std::runtime_error` if ICU cannot serve it.
+    /// The tables of a code page, made once in a process; null for an unknown number. Throws `std::runtime_error` if ICU cannot
+    /// serve it.
     static std::shared_ptr<const CodePageTables> find(std::uint32_t number);
 
     static bool isKnown(std::uint32_t number) noexcept;

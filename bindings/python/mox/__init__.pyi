@@ -1,0 +1,98 @@
+"""The mox library for Python. What the type library describes comes from the generated stub of its own, ``_library.pyi``."""
+from datetime import date, datetime as _datetime
+from os import PathLike
+from types import TracebackType
+from typing import Any, Callable, Iterable, Mapping, Sequence
+
+from . import enums as enums
+from ._library import *
+
+__version__: str
+
+class Error(Exception):
+    """A failure of the library, with its run-time error number as Visual Basic clients see it."""
+    number: int
+    """The run-time error number, such as 6 for an overflow; the status where there is none."""
+    hresult: int
+    """The status, without sign."""
+    description: str
+    source: str
+    argument: str | None
+    """The declared name of the argument that is to blame."""
+    def __init__(
+        self,
+        number: int,
+        description: str | None = None,
+        *,
+        hresult: int | None = None,
+        source: str | None = None,
+        argument: str | None = None,
+    ) -> None: ...
+
+class Object:
+    """An object of the library. Its members are attributes, their names being case-blind."""
+    def put(self, name: str, *arguments: Any, **named: Any) -> None:
+        """Sets a property with arguments: ``obj.put("Name", *arguments, value)``."""
+
+class ByRef:
+    """An argument that the member may change: ``value`` is what goes in, and afterwards what came out."""
+    value: Any
+    def __init__(self, value: Any = None) -> None: ...
+
+class Date(float):
+    """A date: days since 30 December 1899, the fraction being the time of day."""
+    def __new__(cls, value: float | date = 0.0) -> Date: ...
+    @property
+    def datetime(self) -> _datetime:
+        """The same as a naive local time."""
+
+class Array(list[Any]):
+    """A list whose first element has the index ``lower`` for the library."""
+    lower: int
+    def __init__(self, values: Iterable[Any] = (), lower: int = 0) -> None: ...
+
+class ByteArray(bytes):
+    """Bytes whose first element has the index ``lower`` for the library."""
+    lower: int  # type: ignore[assignment]
+    def __new__(cls, values: bytes | Iterable[int] = b"", lower: int = 0) -> ByteArray: ...
+
+class Connection:
+    """A handler that is connected to the events of an object."""
+    @property
+    def connected(self) -> bool: ...
+    def disconnect(self) -> None: ...
+    def __enter__(self) -> Connection: ...
+    def __exit__(self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None) -> None: ...
+
+class Operation:
+    """One operation of the platform, to count its calls or to let them fail in a test."""
+    name: str
+    @property
+    def calls(self) -> int: ...
+    def reset(self) -> None: ...
+    def fail(self, times: int | None = None) -> None: ...
+    def restore(self) -> None: ...
+
+operations: Mapping[str, Operation]
+
+def connect(object: Object, handler: Mapping[str, Callable[..., Any]] | object) -> Connection:
+    """Connects a handler to the events of an object: an object with methods named as the events, or a dictionary of callables."""
+
+def machine(
+    *,
+    home: str | PathLike[str] = ...,
+    memory: bool = ...,
+    windows: Sequence[int | str] = ...,
+    codepage: int = ...,
+    drives: Mapping[str, str | PathLike[str]] = ...,
+) -> None:
+    """Says what the machine is made of, before the first object is created."""
+
+def handles() -> dict[str, int]:
+    """The platform handles that are open, as numbers by kind."""
+
+def doctor() -> dict[str, str]:
+    """What stands behind each service of the machine, as texts by service."""
+
+def pump(seconds: float = 0) -> None:
+    """Runs the message loop of the calling thread for that long."""

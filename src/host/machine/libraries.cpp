@@ -1,0 +1,26 @@
+// The system libraries of the present machine.
+#include "host/machine/machine.h"
+
+namespace mox::platform {
+
+Kernel32& kernel32() {
+    return host::Machine::current().kernel32;
+}
+
+Psapi& psapi() {
+    return host::Machine::current().psapi;
+}
+
+Runtime& runtime() {
+    return host::Machine::current().runtime;
+}
+
+Shell32& shell32() {
+    return host::Machine::current().shell32;
+}
+
+User32& user32() {
+    return host::Machine::current().user32;
+}
+
+} // namespace mox::platform

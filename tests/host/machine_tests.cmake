@@ -1,0 +1,11 @@
+set(HOST_MACHINE_TESTS
+    codepage_test.cpp
+    control_test.cpp
+    fault_sweep_test.cpp
+    handles_test.cpp
+    machine_config_test.cpp
+    machine_test.cpp
+    message_loops_test.cpp
+    operation_test.cpp
+    processes_test.cpp
+)
