@@ -10,8 +10,8 @@ import mox
 from mox._platform import platform
 
 LIMIT = 20
-NUMBER = 20_000
-REPEAT = 9
+NUMBER = 1_000
+REPEAT = 200
 
 
 def cost(function):

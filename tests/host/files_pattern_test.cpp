@@ -27,7 +27,7 @@ TEST(NamePatternTest, matchesAsTheFindFunctionsDo) {
         {"*.", U"A.B.C", false},
         {"r*.", U"README", true},
         {"r*.", U"R.EADME", false},
-        {"*.*.", U"README.TXT", false},
+        {"*.*.", U"README.TXT", true},
         {"*.*.", U"README", true},
         // Any characters, also over dots, also none.
         {"*.txt", U"README.TXT", true},

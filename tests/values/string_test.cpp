@@ -169,7 +169,9 @@ TEST_F(Strings, BecomeNumbersWithinLimits) {
 }
 
 TEST_F(Strings, TwoByteCharactersHaveCodesOfFourDigits) {
-    const TestMachine japanese([](host::MachineConfig& config) { config.codePage = 932; });
+    host::MachineConfig config;
+    config.codePage = 932;
+    const TestMachine japanese(config);
     EXPECT_EQ(object.URLEncode(u"a\u3042"), u"a%82A0");
     EXPECT_EQ(object.Conv2HexString(u"\u3042!"), u"82A021");
     EXPECT_EQ(object.StringChecksum(u"\u3042"), object.StringChecksum(u"\u0392")) << "82A0 and 83A0: only the low byte reaches the table";

@@ -29,7 +29,8 @@ What a member changes in its arguments comes back in a ``ByRef``. Records are ch
 
 Values: Boolean is bool, Date is ``mox.Date`` (a float of days with ``.datetime``; datetimes are taken too), arrays are lists, of Byte bytes,
 with ``.lower`` where they do not begin at 0 (``mox.Array``, ``mox.ByteArray``), Currency and Decimal are ``decimal.Decimal``, Nothing and empty
-variants are None, results of an enum's type are its values. Enums are in ``mox.enums``, and their values here: ``mox.suINCH``.
+variants are None, results of an enum's type are its values. Enums are in ``mox.enums``, and their values here: ``mox.suINCH``. So are the Python
+classes of objects and records, for ``isinstance`` and annotations: ``mox.moxHub``, ``mox.RECT``.
 
 Failures raise ``mox.Error`` with the run-time error number as Visual Basic clients see it:
 
@@ -55,7 +56,7 @@ expressions; with ``MOX_TRACE=dispatch`` in the environment every call is printe
 The libraries are looked for in the folders of ``MOX_LIBRARY_PATH``, in ``build/lib`` of the checkout that this package lies in, on the system's
 library path and beside the package.
 '''
-from . import enums
+from . import _objects, _records, _typelib, enums
 from ._errors import Error
 from ._events import Connection, connect
 from ._machine import doctor, handles, machine, operations, pump
@@ -74,15 +75,26 @@ del _public
 
 
 def __getattr__(name):
-    value = None if name.startswith("__") else enums._value_named(name)
-    if value is None:
-        raise AttributeError(f"module mox has no attribute {name}")
-    return value
+    if not name.startswith("__"):
+        for find in (enums._value_named, _class_named):
+            value = find(name)
+            if value is not None:
+                return value
+    raise AttributeError(f"module mox has no attribute {name}")
+
+
+def _class_named(name):
+    """The Python class for a class or a record of the type library, or None."""
+    entry = _typelib.find_type(name)
+    if entry is None or entry.name != name:
+        return None
+    return _objects.class_of(entry.content[0]) if entry.is_class else _records.record_class(entry) if entry.is_record else None
 
 
 def __dir__():
     try:
-        values = list(enums._values(True))
+        names = [entry.name for library in _typelib.libraries() for entry in library.classes + library.records]
+        names += enums._values(True)
     except OSError:  # without the library there is only what stands here
-        values = []
-    return sorted({*globals(), *values})
+        names = []
+    return sorted({*globals(), *names})

@@ -61,9 +61,6 @@ class GUID(Structure):
         """From its text form, with or without braces. ValueError if it is none."""
         return cls.from_buffer_copy(uuid.UUID(text).bytes_le)
 
-    def __str__(self):
-        return "{%s}" % str(uuid.UUID(bytes_le=bytes(self.bytes))).upper()
-
 
 IID_NULL = GUID()
 IID_IUNKNOWN = GUID.parse("00000000-0000-0000-C000-000000000046")

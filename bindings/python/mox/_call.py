@@ -13,7 +13,7 @@ from ._errors import Error, error_of
 from ._platform import platform, take_text
 from ._typelib import ANY
 from ._values import ByRef
-from ._variant import add_writer, clear, convert, makers, read_variant, write
+from ._variant import clear, convert, makers, read_variant, write
 
 #: The most arguments that a member may have.
 _MOST = 32
@@ -35,6 +35,8 @@ _COUNT = 2 * _ARGUMENTS + DISPPARAMS.cArgs.offset // 4
 _PUT_COUNT = 2 * _PUT + DISPPARAMS.cArgs.offset // 4
 
 _iid_null = byref(IID_NULL)
+
+_OWNS_NOTHING = {VT_EMPTY, VT_I4, VT_R8, VT_BOOL, VT_ERROR}
 
 
 class Frame:
@@ -68,13 +70,6 @@ _frames = [Frame()]
 _pop, _push = _frames.pop, _frames.append
 
 
-def _frame():
-    try:
-        return _pop()
-    except IndexError:
-        return Frame()
-
-
 class Missing:
     """An argument that is left out before one that is given."""
 
@@ -82,26 +77,19 @@ class Missing:
 _MISSING = Missing()
 
 
-def _write_missing(variant, value, type):
-    variant.vt = VT_ERROR
-    variant.ulVal = _abi.DISP_E_PARAMNOTFOUND
-
-
-add_writer(Missing, _write_missing)
-
-
 def arrange(function, arguments, named):
     """The arguments by position, from those that are given by position and by name."""
-    places = {argument.name: place for place, argument in enumerate(function.arguments)}
+    places = function.places
     result = list(arguments)
     for name, value in named.items():
         place = places.get(name)
         if place is None:
-            place = next((places[known] for known in places if known.lower() == name.lower()), None)
-        if place is None or place < len(arguments) or place < len(result) and result[place] is not _MISSING:
+            place = places.get(name.lower())
+        if place is None or place < len(result) and result[place] is not _MISSING:
             what = f"{function.name} has no argument {name}" if place is None else f"{function.name} got {name} twice"
             raise error_of(_abi.DISP_E_PARAMNOTFOUND, f"Named argument not found: {what}", argument=name)
-        result.extend([_MISSING] * (place + 1 - len(result)))
+        if place >= len(result):
+            result.extend([_MISSING] * (place + 1 - len(result)))
         result[place] = value
     return result
 
@@ -118,7 +106,7 @@ def getter(function):
             frame = Frame()
         status = self._invoke(self._this, id, _iid_null, 0, 2, frame.no_arguments, frame.results, frame.exceptions, frame.bad)
         if status < 0:
-            return _settle(function, frame, 0, status, ())
+            return _settle(function, frame, 0, status, (), _PLAIN)
         if long_result and frame.quads[_RESULT] == VT_I4:
             value = frame.longs[_RESULT_LONG]
             frame.quads[_RESULT] = VT_EMPTY
@@ -130,12 +118,13 @@ def getter(function):
     return get
 
 
-def caller(function):
-    """Calls a method, or reads a property with arguments."""
-    id, flags, types, result_type = function.id, function.kind, [argument.type for argument in function.arguments], function.result
+def caller(function, exists=True):
+    """Calls a method, or reads a property with arguments. One that does not exist is called all the same, for the object's own answer."""
+    id, flags, result_type = function.id, function.kind, function.result
     long_result = result_type.vt == VT_I4 and result_type.entry is None
     # A property without arguments that gives an object takes those of the object's default member.
-    limit = _MOST if not types and result_type.is_object else len(types)
+    takes_any = not exists or not function.arguments and result_type.is_object
+    limit = _MOST if takes_any else len(function.arguments)
 
     def call(self, *arguments, **named):
         if named:
@@ -148,32 +137,18 @@ def caller(function):
         except IndexError:
             frame = Frame()
         quads, longs = frame.quads, frame.longs
-        place = 3 * count
-        owned = False
-        for value in arguments:
-            place -= 3
-            kind = value.__class__
-            if kind is int and -0x80000000 <= value <= 0x7FFFFFFF:
-                quads[place] = VT_I4
-                longs[2 * place + 2] = value
-            elif kind is float:
-                quads[place] = VT_R8
-                frame.doubles[place + 1] = value
-            elif kind is bool:
-                quads[place] = VT_BOOL
-                quads[place + 1] = -value
-            else:
-                owned = True
-                _place(function, frame, count, place // 3, value)
+        owned = _fill(function, frame, quads, longs, arguments, count)
         longs[_COUNT] = count
         status = self._invoke(self._this, id, _iid_null, 0, flags, frame.arguments, frame.results, frame.exceptions, frame.bad)
-        if owned or status < 0:
-            return _settle(function, frame, count, status, arguments)
+        if status < 0 or owned == _REFERENCES:
+            return _settle(function, frame, count, status, arguments, owned)
         if long_result and quads[_RESULT] == VT_I4:
             value = longs[_RESULT_LONG]
             quads[_RESULT] = VT_EMPTY
         else:
             value = _take(frame, result_type)
+        if owned:
+            _empty(frame, count)
         _push(frame)
         return value
 
@@ -189,17 +164,57 @@ def putter(put, putref):
         if named:
             arguments = (*arrange(function, arguments[:-1], named), value)
         count = len(arguments)
-        if count > max(len(function.arguments), 1):
+        if count > (len(function.arguments) or _MOST):
             raise _too_many(function, count)
-        frame = _frame()
-        for index, argument in enumerate(arguments):
-            _place(function, frame, count, count - 1 - index, argument)
+        try:
+            frame = _pop()
+        except IndexError:
+            frame = Frame()
+        owned = _fill(function, frame, frame.quads, frame.longs, arguments, count)
         frame.longs[_PUT_COUNT] = count
-        flags = DISPATCH_PUTREF if function is putref else DISPATCH_PUT
-        status = self._invoke(self._this, function.id, _iid_null, 0, flags, frame.put, frame.results, frame.exceptions, frame.bad)
-        _settle(function, frame, count, status, arguments)
+        status = self._invoke(self._this, function.id, _iid_null, 0, function.kind, frame.put, frame.results, frame.exceptions, frame.bad)
+        if status < 0 or owned == _REFERENCES:
+            _settle(function, frame, count, status, arguments, owned)
+            return
+        if owned:
+            _empty(frame, count)
+        _push(frame)
 
     return set
+
+
+#: What _fill says of the arguments: nothing to free, something to free, something to free and something to read back.
+_PLAIN, _OWNED, _REFERENCES = range(3)
+
+
+def _fill(function, frame, quads, longs, arguments, count):
+    """Writes the arguments, the last one first."""
+    place = 3 * count
+    result = _PLAIN
+    for value in arguments:
+        place -= 3
+        kind = value.__class__
+        if kind is int and -0x80000000 <= value <= 0x7FFFFFFF:
+            quads[place] = VT_I4
+            longs[2 * place + 2] = value
+        elif kind is float:
+            quads[place] = VT_R8
+            frame.doubles[place + 1] = value
+        elif kind is str:
+            data = value.encode("utf-16-le", "surrogatepass")
+            quads[place + 1] = platform.SysAllocStringByteLen(data, len(data))
+            quads[place] = VT_BSTR
+            result = result or _OWNED
+        elif kind is bool:
+            quads[place] = VT_BOOL
+            quads[place + 1] = -value
+        elif kind is Missing:
+            quads[place] = VT_ERROR
+            quads[place + 1] = _abi.DISP_E_PARAMNOTFOUND
+        else:
+            _place(function, frame, count, place // 3, value)
+            result = _REFERENCES if kind is ByRef else result or _OWNED
+    return result
 
 
 def _too_many(function, count):
@@ -220,6 +235,7 @@ def _place(function, frame, count, slot, value):
     """Writes the argument in a slot. On failure the frame is emptied, and the error names the argument."""
     argument = _type_at(function, count, slot)
     kind = ANY if argument is None else argument.type
+    frame.quads[3 * slot] = VT_EMPTY  # numbers of an earlier call may still stand there
     try:
         if isinstance(value, ByRef):
             _write_by_reference(frame.variants[slot], frame.holders[slot], value.value, kind)
@@ -259,10 +275,10 @@ def _write_by_reference(variant, holder, value, type):
         variant.vt = VT_BYREF | wanted
 
 
-def _settle(function, frame, count, status, arguments):
-    """Ends a call that failed or had arguments that own something."""
+def _settle(function, frame, count, status, arguments, owned):
+    """Ends a call that failed or had arguments to read back."""
     try:
-        if count:
+        if owned == _REFERENCES:
             _read_back(function, frame, count, arguments)
         if status < 0:
             raise _failure(function, frame, count, status)
@@ -283,9 +299,17 @@ def _read_back(function, frame, count, arguments):
 
 
 def _empty(frame, count):
+    """Frees what the arguments own."""
+    quads = frame.quads
     for slot in range(count):
-        clear(frame.variants[slot])
-        clear(frame.holders[slot])
+        vt = quads[3 * slot] & 0xFFFF
+        if vt == VT_BSTR:
+            platform.SysFreeString(quads[3 * slot + 1])
+            quads[3 * slot] = VT_EMPTY
+        elif vt not in _OWNS_NOTHING:
+            clear(frame.variants[slot])
+        if vt & VT_BYREF:
+            clear(frame.holders[slot])
 
 
 def _take(frame, type):
@@ -303,6 +327,9 @@ def _take(frame, type):
     if vt == VT_DISPATCH:
         quads[_RESULT] = VT_EMPTY
         return makers.taken_object(quads[_RESULT + 1], type)
+    if vt == VT_RECORD:
+        quads[_RESULT] = VT_EMPTY
+        return makers.taken_record(quads[_RESULT + 1], quads[_RESULT + 2], type)
     try:
         return read_variant(frame.result, type)
     finally:

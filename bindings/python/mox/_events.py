@@ -34,7 +34,7 @@ class Sink:
     """What an event source gets to call. It begins with one reference, which belongs to its maker."""
 
     def __init__(self, events, handler):
-        self.iid = GUID.parse(events.guid)
+        self.iid = GUID.from_buffer_copy(events.guid)
         self.handler = handler
         self.functions = {function.id: function for function in events.content}
         self.count = 1
@@ -188,7 +188,7 @@ def _query_interface(this, iid, result):
     if not result:
         return signed(_abi.E_POINTER)
     sink = _sinks[this]
-    known = bytes(iid.contents.bytes) in (bytes(one.bytes) for one in (IID_IUNKNOWN, IID_IDISPATCH, sink.iid))
+    known = bytes(iid.contents) in map(bytes, (IID_IUNKNOWN, IID_IDISPATCH, sink.iid))
     result[0] = this if known else None
     if not known:
         return signed(_abi.E_NOINTERFACE)

@@ -9,16 +9,22 @@ from ._abi import (DISPATCH_GET, DISPATCH_METHOD, DISPATCH_PUT, DISPATCH_PUTREF,
 from ._call import caller, getter, putter
 from ._errors import MemberError, check, error_of
 from ._platform import CLSCTX_INPROC_SERVER, apartments, identity_of, interface_of, platform, utf16
-from ._typelib import ANY, Argument, Function, entry_of, find_type
+from ._typelib import ANY, Function, entry_of, find_type
 from ._variant import add_writer, clear, makers, read_variant, write_object
 
 _INVOKE = ctypes.CFUNCTYPE(ctypes.c_int)
 
+#: Invoke and Release by the address of an object's table of functions.
+_tables = {}
 
-@functools.lru_cache(None)
-def _invoke_of(table):
-    """IDispatch::Invoke of a table of functions. Without declared arguments, as those are prepared once and need no look at each call."""
-    return _INVOKE(c_void_p.from_address(table + Dispatch.INVOKE_OFFSET).value)
+
+def _functions_of(pointer):
+    """IDispatch::Invoke and Release of an object. Invoke has no declared arguments: they are prepared once and need no look at each call."""
+    table = c_void_p.from_address(pointer).value
+    functions = _tables.get(table)
+    if functions is None:
+        functions = _tables[table] = _INVOKE(c_void_p.from_address(table + Dispatch.INVOKE_OFFSET).value), release.of(pointer)
+    return functions
 
 
 class Member:
@@ -35,7 +41,8 @@ class Member:
         main = self.method or self.get or self.put or self.putref
         self.name, self.help, self.id, self.hidden = main.name, main.help, main.id, main.hidden
         #: Calls the method, or reads the property with arguments.
-        self.call = caller(self.method or self.get or _absent(main, DISPATCH_GET))
+        readable = self.method or self.get
+        self.call = caller(readable or _absent(main, DISPATCH_GET), readable is not None)
         #: Sets the property: arguments, then the value.
         has_put = self.put or self.putref
         self.set = putter(self.put if has_put else _absent(main, DISPATCH_PUT), self.putref)
@@ -70,7 +77,7 @@ class Member:
 
 def _absent(function, kind):
     """A use that the member does not have. The object is asked all the same, so that the error is the one that any client gets."""
-    return Function(function.name, function.help, function.id, kind, function.hidden, [Argument("value", ANY, 0, None)], ANY)
+    return Function(function.name, function.help, function.id, kind, function.hidden, [], ANY)
 
 
 class Indexed:
@@ -147,7 +154,7 @@ class Object:
     def _member(cls, name):
         member = cls._members.get(name) or cls._lower.get(name.lower())
         if member is None:
-            raise MemberError(438, f"{cls.__name__} has no member {name}", hresult=_abi.DISP_E_UNKNOWNNAME, argument=name)
+            raise MemberError(438, f"{cls.__name__} has no member {name}", hresult=_abi.DISP_E_UNKNOWNNAME)
         return member
 
     def __getattr__(self, name):
@@ -158,7 +165,7 @@ class Object:
         return getattr(self, member.name)
 
     def __setattr__(self, name, value):
-        self._member(name).set(self, value)
+        (self._members.get(name) or self._member(name)).set(self, value)
 
     def __eq__(self, other):
         if not isinstance(other, Object):
@@ -193,10 +200,11 @@ _new = object.__new__
 def _adopt(pointer, cls):
     """The Python object for an interface pointer, whose reference it takes over."""
     result = _new(cls)
-    _set_release(result, release.of(pointer))
+    invoke, release_ = _functions_of(pointer)
+    _set_release(result, release_)
     _set_pointer(result, pointer)
     _set_this(result, byref(c_char.from_address(pointer)))
-    _set_invoke(result, _invoke_of(c_void_p.from_address(pointer).value))
+    _set_invoke(result, invoke)
     _set_identity(result, None)
     return result
 
@@ -231,7 +239,7 @@ def _entry_of_object(pointer):
     try:
         attributes = ctypes.POINTER(TYPEATTR)()
         check(TypeInfo.GetTypeAttr(info.value, attributes))
-        guid = str(attributes.contents.guid)
+        guid = bytes(attributes.contents.guid)
         TypeInfo.ReleaseTypeAttr(info.value, attributes)
     finally:
         release(info.value)
@@ -322,7 +330,7 @@ def _class_identifier(name):
         pass
     entry = None if "." in name else find_type(name)
     if entry is not None and entry.is_class:
-        return GUID.parse(entry.guid)
+        return GUID.from_buffer_copy(entry.guid)
     identifier = GUID()
     if platform.CLSIDFromProgID(utf16(name), identifier) < 0:
         raise error_of(_abi.CO_E_CLASSSTRING, f"There is no class {name}")

@@ -110,12 +110,18 @@ def bstr_of(text):
     return platform.SysAllocStringByteLen(data, len(data))
 
 
+# From UTF-16 in memory to text in one step; the number says which byte of a unit comes first.
+_decode = ctypes.pythonapi.PyUnicode_DecodeUTF16
+_decode.argtypes = [c_void_p, ctypes.c_ssize_t, c_char_p, POINTER(c_int)]
+_decode.restype = ctypes.py_object
+_low_first = ctypes.byref(c_int(-1))
+
+
 def text_of(bstr):
     """The text of a BSTR, which stays the caller's. An odd byte at the end, which is no character, is not read."""
     if not bstr:
         return ""
-    length = c_uint.from_address(bstr - 4).value
-    return ctypes.string_at(bstr, length & ~1).decode("utf-16-le", "surrogatepass")
+    return _decode(bstr, platform.SysStringByteLen(bstr) & ~1, b"surrogatepass", _low_first)
 
 
 def take_text(bstr):

@@ -3,7 +3,7 @@ from ctypes import c_void_p
 
 from . import _abi
 from ._abi import (DISPATCH_PUT, DISPATCH_PUTREF, GUID, VARIANT, VT_BYREF, VT_DISPATCH, VT_RECORD, VT_VARIANT, RecordInfo, add_ref, release)
-from ._errors import MemberError, check, error_of
+from ._errors import Error, MemberError, check, error_of
 from ._platform import platform, utf16
 from ._typelib import entry_of, find_type
 from ._variant import add_writer, clear, makers, read, read_array, write
@@ -12,7 +12,8 @@ from ._variant import add_writer, clear, makers, read, read_array, write
 def record_info(entry):
     """The record information of a type, with a reference."""
     library, info = entry.library, c_void_p()
-    check(platform.GetRecordInfoFromGuids(GUID.parse(library.guid), *library.version, library.lcid, GUID.parse(entry.guid), info))
+    check(platform.GetRecordInfoFromGuids(GUID.from_buffer_copy(library.guid), *library.version, library.lcid,
+                                          GUID.from_buffer_copy(entry.guid), info))
     return info.value
 
 
@@ -67,7 +68,7 @@ class Record:
 
     @classmethod
     def _unknown(cls, name):
-        return MemberError(438, f"{cls.__name__} has no field {name}", hresult=_abi.DISP_E_UNKNOWNNAME, argument=name)
+        return MemberError(438, f"{cls.__name__} has no field {name}", hresult=_abi.DISP_E_UNKNOWNNAME)
 
     def __eq__(self, other):
         if not isinstance(other, Record):
@@ -139,27 +140,31 @@ def _property(field):
         try:
             write(variant, value, kind)
             is_object = variant.vt == VT_DISPATCH and kind.vt in (VT_DISPATCH, VT_VARIANT)
-            status = RecordInfo.PutField(self._info, DISPATCH_PUTREF if is_object else DISPATCH_PUT, self._memory, name, variant)
+            flags = DISPATCH_PUTREF if is_object else DISPATCH_PUT
+            check(RecordInfo.PutField(self._info, flags, self._memory, name, variant))
+        except Error as error:
+            error.argument = field.name
+            raise
         finally:
             clear(variant)
-        if status < 0:
-            raise error_of(status, argument=field.name)
 
     return property(get, set, None, field.help)
 
 
-def take_record(memory, info):
-    """The record object for memory and a reference that a caller gives away."""
-    guid = GUID()
-    check(RecordInfo.GetGuid(info, guid))
-    return _adopt(record_class(entry_of(str(guid))), memory, info)
+def _taken_record(memory, info, type):
+    entry = type.record
+    if entry is None:
+        guid = GUID()
+        check(RecordInfo.GetGuid(info, guid))
+        entry = entry_of(bytes(guid))
+    return _adopt(record_class(entry), memory, info)
 
 
-def _copy_record(memory, info):
+def _record(memory, info, type):
     copy = c_void_p()
     check(RecordInfo.RecordCreateCopy(info, memory, copy))
     add_ref(info)
-    return take_record(copy.value, info)
+    return _taken_record(copy.value, info, type)
 
 
 def _write_record(variant, value, type):
@@ -175,5 +180,6 @@ def _write_record(variant, value, type):
         variant.vt = VT_RECORD | VT_BYREF
 
 
-makers.record = _copy_record
+makers.record = _record
+makers.taken_record = _taken_record
 add_writer(Record, _write_record)

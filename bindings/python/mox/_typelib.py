@@ -63,9 +63,10 @@ class Argument:
 
 
 class Function:
-    """One way to call a member: a method, or the Get, Let or Set of a property. ``kind`` has the flag for Invoke."""
+    """One way to call a member: a method, or the Get, Let or Set of a property. ``kind`` has the flag for Invoke, ``places`` the position of each
+    argument by its name, as it is declared and in lower case."""
 
-    __slots__ = ("name", "help", "id", "kind", "hidden", "arguments", "result")
+    __slots__ = ("name", "help", "id", "kind", "hidden", "arguments", "result", "places")
 
     def __init__(self, name, help, id, kind, hidden, arguments, result):
         self.name = name
@@ -75,6 +76,7 @@ class Function:
         self.hidden = hidden
         self.arguments = arguments
         self.result = result
+        self.places = {name: place for place, argument in enumerate(arguments) for name in (argument.name.lower(), argument.name)}
 
 
 class Field:
@@ -117,7 +119,7 @@ class Entry:
         check(TypeInfo.GetTypeAttr(info, attributes))
         content = attributes.contents
         self.kind = content.typekind
-        self.guid = str(content.guid)
+        self.guid = bytes(content.guid)
         self.can_create = bool(content.wTypeFlags & _abi.TYPEFLAG_CANCREATE)
         self.size = content.cbSizeInstance
         self._counts = content.cFuncs, content.cVars, content.cImplTypes
@@ -313,7 +315,7 @@ def _identity(pointer):
     check(TypeLib.GetLibAttr(pointer, attributes))
     try:
         content = attributes.contents
-        return str(content.guid), (content.wMajorVerNum, content.wMinorVerNum), content.lcid
+        return bytes(content.guid), (content.wMajorVerNum, content.wMinorVerNum), content.lcid
     finally:
         TypeLib.ReleaseTLibAttr(pointer, attributes)
 
@@ -374,8 +376,9 @@ def find_type(name):
 
 
 def entry_of(guid):
-    """The type with this identifier, in text form, in the server's library or in one that it refers to."""
-    for found in [library(), *libraries()]:
-        if guid in found.by_guid:
-            return found.by_guid[guid]
+    """The type with this identifier, in bytes, in the server's library or in one that it refers to."""
+    for known in (lambda: list(_libraries.values()), libraries):
+        for found in known():
+            if guid in found.by_guid:
+                return found.by_guid[guid]
     raise error_of(_abi.TYPE_E_ELEMENTNOTFOUND)

@@ -31,8 +31,10 @@ class Makers:
     taken_object = None
     #: the class of all objects
     object_class = None
-    #: (memory, record info) -> a copy of the record
+    #: (memory, record info, type) -> a copy of the record
     record = None
+    #: (memory, record info, type) -> the record, which takes both over
+    taken_record = None
     #: entry of an enum -> {number: value}
     enum_values = None
 
@@ -84,12 +86,12 @@ def read_variant(variant, type=ANY):
     vt, address = variant.vt, ctypes.addressof(variant)
     if vt & VT_BYREF:
         if vt & ~VT_BYREF == VT_RECORD:
-            return makers.record(variant.record.pvRecord, variant.record.pRecInfo)
+            return makers.record(variant.record.pvRecord, variant.record.pRecInfo, type)
         vt, address = vt & ~VT_BYREF, variant.ptr
         if address is None:
             return None
     elif vt == VT_RECORD:
-        return makers.record(variant.record.pvRecord, variant.record.pRecInfo)
+        return makers.record(variant.record.pvRecord, variant.record.pRecInfo, type)
     elif vt != VT_DECIMAL:
         address += VALUE_OFFSET
     if vt & VT_ARRAY:
@@ -145,7 +147,7 @@ def _read_elements(array, vt, first, count, type):
         info = c_void_p()
         check(platform.SafeArrayGetRecordInfo(ctypes.addressof(array), info))
         try:
-            return [makers.record(array.pvData + i * array.cbElements, info.value) for i in range(first, count)]
+            return [makers.record(array.pvData + i * array.cbElements, info.value, type) for i in range(first, count)]
         finally:
             release(info.value)
     plain = _PLAIN.get(vt)
@@ -240,7 +242,7 @@ def _write_bytes(variant, value, type):
     if type.array and type.vt != VT_UI1:
         _write_list(variant, list(value), type)
         return
-    variant.ptr = _new_array(VT_UI1, len(value), getattr(value, "lower", 0))
+    variant.ptr = _new_array(VT_UI1, len(value), _lower_of(value))
     variant.vt = VT_ARRAY | VT_UI1
     ctypes.memmove(SAFEARRAY.from_address(variant.ptr).pvData, bytes(value), len(value))
 
@@ -284,6 +286,10 @@ def _writer_for(value):
 # ---- arrays
 
 
+def _lower_of(values):
+    return values.lower if isinstance(values, (Array, ByteArray)) else 0
+
+
 def _new_array(vt, count, lower, info=None):
     bound = SAFEARRAYBOUND(count, lower)
     pointer = platform.SafeArrayCreateEx(vt, 1, bound, info) if info else platform.SafeArrayCreate(vt, 1, bound)
@@ -300,7 +306,7 @@ def new_array(values, type):
     """A new SAFEARRAY of the elements, which are converted to the element type."""
     if type.vt == VT_RECORD:
         return _new_record_array(values, type)
-    pointer = _new_array(type.vt, len(values), getattr(values, "lower", 0))
+    pointer = _new_array(type.vt, len(values), _lower_of(values))
     try:
         data = SAFEARRAY.from_address(pointer).pvData
         if not _copy_packed(data, values, type.vt):
@@ -344,7 +350,7 @@ def _new_record_array(values, type):
     info = record_info(type.entry)
     pointer = None
     try:
-        pointer = _new_array(VT_RECORD, len(values), getattr(values, "lower", 0), info)
+        pointer = _new_array(VT_RECORD, len(values), _lower_of(values), info)
         array = SAFEARRAY.from_address(pointer)
         for index, value in enumerate(values):
             if not isinstance(value, Record) or value._entry is not type.entry:

@@ -60,6 +60,7 @@ public:
 
     friend bool operator==(const String& a, const String& b) noexcept { return a.view() == b.view(); }
     friend bool operator==(const String& a, std::u16string_view b) noexcept { return a.view() == b; }
+    friend bool operator==(const String& a, const std::u16string& b) noexcept { return a.view() == b; }
     friend bool operator==(const String& a, const char16_t* b) noexcept { return a.view() == b; }
 
 private:

@@ -62,9 +62,13 @@ void FileSearch::readNames() {
         }
         return shortNames->of(name);
     };
+    const auto matchesShort = [&](const std::string& name) {
+        const std::string& shortName = shortNameOf(name);
+        return !shortName.empty() && pattern_->matches(upperCase(shortName));
+    };
     for (const std::string& name : names) {
         std::u32string upper = upperCase(name);
-        if (pattern_->matches(upper) || pattern_->matches(upperCase(shortNameOf(name)))) {
+        if (pattern_->matches(upper) || matchesShort(name)) {
             std::string written = canBeWritten(name, codePage_) ? codePage_.fromUtf8(name) : shortNameOf(name);
             entries_.push_back({name, std::move(written), std::move(upper)});
         }

@@ -20,6 +20,10 @@ struct FreeText {
 };
 using Text = std::unique_ptr<char, FreeText>;
 
+struct FreeTexts {
+    void operator()(char** texts) const noexcept { g_strfreev(texts); }
+};
+
 struct ReleaseObject {
     void operator()(GAppInfo* object) const noexcept { g_object_unref(object); }
 };
@@ -56,6 +60,18 @@ bool isProgram(const std::filesystem::path& file, std::string_view contentType) 
     return std::ranges::find(types, contentType) != types.end() && access(file.c_str(), X_OK) == 0;
 }
 
+/// The program of an application in the search path; null if it is not there.
+Text programOf(GAppInfo& application) {
+    // Not what GIO calls the executable: that ends at the first blank, quoted or not.
+    const char* const command = g_app_info_get_commandline(&application);
+    char** words = nullptr;
+    if (!command || !g_shell_parse_argv(command, nullptr, &words, nullptr)) {
+        return nullptr;
+    }
+    const std::unique_ptr<char*, FreeTexts> owner(words);
+    return Text(g_find_program_in_path(words[0]));
+}
+
 } // namespace
 
 std::optional<std::filesystem::path> programThatOpens(const std::filesystem::path& file) {
@@ -67,8 +83,7 @@ std::optional<std::filesystem::path> programThatOpens(const std::filesystem::pat
         return file;
     }
     const std::unique_ptr<GAppInfo, ReleaseObject> application(g_app_info_get_default_for_type(type.get(), FALSE));
-    const char* const executable = application ? g_app_info_get_executable(application.get()) : nullptr;
-    const Text program(executable ? g_find_program_in_path(executable) : nullptr);
+    const Text program = application ? programOf(*application) : nullptr;
     return program ? std::optional<std::filesystem::path>(program.get()) : std::nullopt;
 }
 

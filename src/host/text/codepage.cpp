@@ -5,7 +5,9 @@
 #include <mox/values/string.h>
 
 #include <algorithm>
+#include <array>
 #include <stdexcept>
+#include <type_traits>
 
 namespace mox::host {
 
@@ -17,17 +19,19 @@ template <class From, class To, class Lookup> void convertUnits(std::basic_strin
     const From* unit = text.data();
     const From* const end = unit + text.size();
     for (; static_cast<std::size_t>(end - unit) >= block; unit += block, result += block) {
+        std::array<From, block> from;
+        std::array<To, block> to;
+        std::copy_n(unit, block, from.begin());
         unsigned all = 0;
-        for (std::size_t i = 0; i < block; ++i) {
-            all |= static_cast<std::make_unsigned_t<From>>(unit[i]);
+        for (const From one : from) {
+            all |= static_cast<std::make_unsigned_t<From>>(one);
         }
         if (all < 0x80) {
-            for (std::size_t i = 0; i < block; ++i) {
-                result[i] = static_cast<To>(unit[i]);
-            }
+            std::ranges::copy(from, to.begin());
         } else {
-            std::transform(unit, unit + block, result, lookup);
+            std::ranges::transform(from, to.begin(), lookup);
         }
+        std::ranges::copy(to, result);
     }
     std::transform(unit, end, result, lookup);
 }
