@@ -1,36 +1,18 @@
 // What a call costs, early bound and by name, against a plain virtual call; what the tree costs, against malloc and free.
+#include "support/plain.h"
 #include "support/ratios.h"
 
 #include <mox/mox.h>
 
 #include <cstdlib>
-#include <memory>
 
 namespace {
 
 using namespace mox;
 
-/// A member behind a virtual table, and nothing else.
-class Plain {
-public:
-    virtual ~Plain() = default;
-    virtual HRESULT get(Long* result) = 0;
-};
-class PlainValue final : public Plain {
-public:
-    HRESULT get(Long* result) override {
-        *result = value_;
-        return S_OK;
-    }
-
-private:
-    Long value_ = 10;
-};
-
 void virtualCall(benchmark::State& state) {
-    const std::unique_ptr<Plain> object = std::make_unique<PlainValue>();
-    Plain* plain = object.get();
-    benchmark::DoNotOptimize(plain);
+    const std::unique_ptr<bench::Plain> object = bench::makePlain();
+    bench::Plain* plain = object.get();
     for (auto _ : state) {
         Long result = 0;
         plain->get(&result);

@@ -8,14 +8,14 @@ namespace mox::bench {
 
 namespace {
 
-/// Collects the time of one iteration of each repetition.
+/// Collects the processor time of one iteration of each repetition: other programs on the machine disturb it least.
 class Collector : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context&) override { return true; }
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
             if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
-                times_[run.run_name.function_name].push_back(run.real_accumulated_time / static_cast<double>(run.iterations));
+                times_[run.run_name.function_name].push_back(run.cpu_accumulated_time / static_cast<double>(run.iterations));
             }
         }
     }

@@ -99,7 +99,8 @@ std::u16string hexadecimal(Long number) {
     return text;
 }
 
-/// The format "0000": a text that reads as a number, also with an exponent behind D or E, becomes that number with at least four digits.
+/// The format "0000": a text that reads as a number, also with an exponent behind D or E, becomes that number with at least four
+/// digits.
 std::u16string formatted(std::u16string_view text) {
     constexpr std::u16string_view digits = u"0123456789";
     constexpr std::size_t leastDigits = 4;

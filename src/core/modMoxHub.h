@@ -13,16 +13,17 @@ String GetShortPath(const String& sPath);
 /// True if a search finds something: also for a folder and for a pattern that matches, not for the root of a drive.
 Boolean FileExists(const String& sPath);
 
-/// True for an existing folder, with or without a backslash at its end. Blanks around the text do not count. One or two characters mean a drive.
+/// True for an existing folder, with or without a backslash at its end. Blanks around the text do not count. One or two
+/// characters mean a drive.
 Boolean FolderExists(const String& sPath);
 
-/// Makes a folder with all that lead to it. False if the path does not begin with a drive and a backslash, or with a server, and if a folder cannot
-/// be made; those in front of it stay.
+/// Makes a folder with all that lead to it. False if the path does not begin with a drive and a backslash, or with a server, and
+/// if a folder cannot be made; those in front of it stay.
 Boolean CreateFolderTree(const String& sPath);
 
-/// The path of a file that does not exist: in `sPath`, or in the temporary folder if there is no such folder. Its name is `sPrefix`, a random
-/// text of up to four characters and, unless it is empty, a point and `sSuffix`. With `bCreateFile` the file is made, with the temporary
-/// attribute. Empty after an error.
+/// The path of a file that does not exist: in `sPath`, or in the temporary folder if there is no such folder. Its name is
+/// `sPrefix`, a random text of up to four characters and, unless it is empty, a point and `sSuffix`. With `bCreateFile` the file
+/// is made, with the temporary attribute. Empty after an error.
 String CreateTempName(const String& sPrefix, const String& sSuffix, const String& sPath, Boolean bCreateFile);
 
 /// The path of the program that opens a file, in short form if asked for; empty if there is none.

@@ -5,7 +5,7 @@
 namespace mox::server {
 
 namespace {
-constexpr std::size_t bytesAtOnce = 8;
+constexpr std::size_t bytesAtOnce = 16;
 }
 
 void ChecksumTable::build() {
@@ -31,13 +31,14 @@ std::uint32_t ChecksumTable::update(std::uint32_t crc, std::span<const Byte> byt
     }
     const auto* table = rows_.data();
     for (; bytes.size() >= bytesAtOnce; bytes = bytes.subspan(bytesAtOnce)) {
-        std::uint32_t low = 0;
-        std::uint32_t high = 0;
-        std::memcpy(&low, bytes.data(), 4);
-        std::memcpy(&high, bytes.data() + 4, 4);
-        low ^= crc;
-        crc = table[7][low & 0xFF] ^ table[6][low >> 8 & 0xFF] ^ table[5][low >> 16 & 0xFF] ^ table[4][low >> 24] ^ table[3][high & 0xFF] ^
-              table[2][high >> 8 & 0xFF] ^ table[1][high >> 16 & 0xFF] ^ table[0][high >> 24];
+        std::array<std::uint32_t, bytesAtOnce / 4> words;
+        std::memcpy(words.data(), bytes.data(), bytesAtOnce);
+        words[0] ^= crc;
+        crc = 0;
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            const auto* rows = table + bytesAtOnce - 4 * (i + 1);
+            crc ^= rows[3][words[i] & 0xFF] ^ rows[2][words[i] >> 8 & 0xFF] ^ rows[1][words[i] >> 16 & 0xFF] ^ rows[0][words[i] >> 24];
+        }
     }
     for (const Byte byte : bytes) {
         crc = crc >> 8 ^ table[0][(crc ^ byte) & 0xFF];

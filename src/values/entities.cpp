@@ -59,18 +59,20 @@ const std::unordered_map<char16_t, std::u16string_view>& texts() {
     return map;
 }
 
-std::u16string replaced(std::u16string_view text, std::u16string_view what, std::u16string_view with) {
+/// Every occurrence of `what` replaced; the text itself where there is none.
+std::u16string replaced(std::u16string text, std::u16string_view what, std::u16string_view with) {
+    std::u16string_view rest = text;
+    std::size_t found = rest.find(what);
+    if (found == std::u16string_view::npos) {
+        return text;
+    }
     std::u16string result;
     result.reserve(text.size());
-    for (;;) {
-        const std::size_t found = text.find(what);
-        result += text.substr(0, found);
-        if (found == std::u16string_view::npos) {
-            return result;
-        }
-        result += with;
-        text.remove_prefix(found + what.size());
+    for (; found != std::u16string_view::npos; found = rest.find(what)) {
+        result.append(rest.substr(0, found)).append(with);
+        rest.remove_prefix(found + what.size());
     }
+    return result.append(rest);
 }
 
 } // namespace
@@ -79,10 +81,10 @@ std::u16string replaced(std::u16string_view text, std::u16string_view what, std:
 // the line break, so one walk serves for all rows between them.
 std::u16string decodeEntities(std::u16string_view text) {
     if (text.find(u'&') == std::u16string_view::npos) {
-        return replaced(text, lineBreak, u"\r\n");
+        return replaced(std::u16string(text), lineBreak, u"\r\n");
     }
     constexpr std::size_t longest = 8;
-    const std::u16string unescaped = replaced(text, entities[0].text, u"&");
+    const std::u16string unescaped = replaced(std::u16string(text), entities[0].text, u"&");
     std::u16string_view rest = unescaped;
     std::u16string result;
     result.reserve(rest.size());
@@ -90,7 +92,7 @@ std::u16string decodeEntities(std::u16string_view text) {
         const std::size_t start = rest.find(u'&');
         result += rest.substr(0, start);
         if (start == std::u16string_view::npos) {
-            return replaced(result, lineBreak, u"\r\n");
+            return replaced(std::move(result), lineBreak, u"\r\n");
         }
         rest.remove_prefix(start);
         const std::size_t length = rest.substr(0, longest).find(u';') + 1;

@@ -2,15 +2,13 @@
 
 #include "automation/objects/convert.h"
 #include "automation/objects/errormodes.h"
-#include "core/ansicodes.h"
 #include "core/numberreading.h"
 #include "values/entities.h"
+#include "values/escapes.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace mox::server {
 
@@ -18,88 +16,6 @@ namespace {
 
 /// Positions in a text are counted in 16 bits by the two URL members; a longer text makes the counter fail.
 constexpr std::size_t longestCounted = 32767;
-
-constexpr char16_t hexadecimalDigits[] = u"0123456789ABCDEF";
-
-/// A short run of characters: copied as a whole, then cut to its length.
-struct Escape {
-    std::array<char16_t, 4> text{};
-    std::size_t length = 0;
-};
-
-constexpr Escape twoDigits(unsigned code) {
-    return {{hexadecimalDigits[code >> 4 & 0xF], hexadecimalDigits[code & 0xF]}, 2};
-}
-
-constexpr Escape urlEscape(unsigned code, bool plusForSpace) {
-    const bool digit = code >= 48 && code <= 57;
-    const bool letter = (code >= 65 && code <= 90) || (code >= 97 && code <= 122);
-    if (digit || letter) {
-        return {{static_cast<char16_t>(code)}, 1};
-    }
-    if (code == 32 && plusForSpace) {
-        return {{u'+'}, 1};
-    }
-    return {{u'%', hexadecimalDigits[code >> 4], hexadecimalDigits[code & 0xF]}, 3};
-}
-
-using EscapeTable = std::array<Escape, 256>;
-
-template <class Make>
-constexpr EscapeTable makeTable(Make make) {
-    EscapeTable table;
-    for (unsigned code = 0; code < table.size(); ++code) {
-        table[code] = make(code);
-    }
-    return table;
-}
-
-constexpr EscapeTable hexadecimalTable = makeTable([](unsigned code) { return twoDigits(code); });
-constexpr EscapeTable urlTable = makeTable([](unsigned code) { return urlEscape(code, false); });
-constexpr EscapeTable urlTableWithPlus = makeTable([](unsigned code) { return urlEscape(code, true); });
-
-/// Joins the escapes of all codes. A code of two bytes has no row: it gives `prefix` and four digits.
-String joined(std::span<const std::uint16_t> codes, const EscapeTable& table, std::u16string_view prefix) {
-    std::u16string result;
-    const std::size_t longest = prefix.size() + 4;
-    result.resize(codes.size() * longest);
-    char16_t* end = result.data();
-    for (const std::uint16_t code : codes) {
-        if (code < table.size()) [[likely]] {
-            const Escape& escape = table[code];
-            std::memcpy(end, escape.text.data(), sizeof escape.text);
-            end += escape.length;
-        } else {
-            end = std::ranges::copy(prefix, end).out;
-            for (const Escape& pair : {twoDigits(code >> 8u), twoDigits(code & 0xFFu)}) {
-                end = std::copy_n(pair.text.begin(), pair.length, end);
-            }
-        }
-    }
-    return std::u16string_view(result.data(), end);
-}
-
-/// A text with its escapes undone; nothing if an escape reaches beyond the end.
-std::optional<std::u16string> urlDecoded(std::u16string_view text) {
-    AnsiCharacters characters;
-    std::u16string result;
-    result.reserve(text.size());
-    std::size_t position = 0;
-    while (position < text.size()) {
-        const char16_t c = text[position];
-        if (c == u'%') {
-            if (position + 3 > text.size()) {
-                return std::nullopt;
-            }
-            result += characters[readHexadecimalPair(text[position + 1], text[position + 2])];
-            position += 3;
-        } else {
-            result += c == u'+' ? u' ' : c;
-            ++position;
-        }
-    }
-    return result;
-}
 
 /// The number in a text within its limits; the lower limit also for a number that is too large to be read.
 template <class Value, class Convert>
@@ -122,7 +38,7 @@ String moxVarString::URLEncode(const String& StringToEncode, Boolean UsePlusRath
     }
     String result = StringToEncode;
     trapAndLeave([&] {
-        result = joined(ansiCodes(StringToEncode), UsePlusRatherThanHexForSpace == True ? urlTableWithPlus : urlTable, u"%");
+        result = urlEncoded(AnsiCodes(StringToEncode), UsePlusRatherThanHexForSpace == True);
     });
     return result;
 }
@@ -133,8 +49,8 @@ String moxVarString::URLDecode(const String& StringToDecode) {
     }
     String result = StringToDecode;
     trapAndLeave([&] {
-        if (const auto decoded = urlDecoded(StringToDecode)) {
-            result = *decoded;
+        if (auto decoded = urlDecoded(StringToDecode)) {
+            result = std::move(*decoded);
         }
     });
     return result;
@@ -143,10 +59,12 @@ String moxVarString::URLDecode(const String& StringToDecode) {
 Long moxVarString::StringChecksum(const String& Str2Conv) {
     Long result = 0;
     trapAndLeave([&] {
-        // Of a code of two bytes only the low one reaches the table.
-        const std::vector<std::uint16_t> codes = ansiCodes(Str2Conv);
-        const std::vector<Byte> bytes(codes.begin(), codes.end());
-        result = static_cast<Long>(~checksumTable_.update(0, bytes));
+        const AnsiCodes codes(Str2Conv);
+        std::vector<Byte> lowBytes; // of a code of two bytes only the low one reaches the table
+        if (!codes.areBytes()) {
+            lowBytes.assign(codes.wide().begin(), codes.wide().end());
+        }
+        result = static_cast<Long>(~checksumTable_.update(0, codes.areBytes() ? codes.bytes() : lowBytes));
     });
     return result;
 }
@@ -157,15 +75,7 @@ String moxVarString::StringEntities(const String& String2Convert, Boolean bConve
 }
 
 String moxVarString::Conv2HexString(const String& Str2Conv, Boolean bConvBack) {
-    if (bConvBack != True) {
-        return joined(ansiCodes(Str2Conv), hexadecimalTable, u"");
-    }
-    AnsiCharacters characters;
-    String result = String::ofLength(Str2Conv.size() / 2);
-    for (std::size_t i = 0; i < result.size(); ++i) {
-        result.data()[i] = characters[readHexadecimalPair(Str2Conv[2 * i], Str2Conv[2 * i + 1])];
-    }
-    return result;
+    return bConvBack == True ? fromHexadecimal(Str2Conv) : hexadecimal(AnsiCodes(Str2Conv));
 }
 
 String moxVarString::StringTrimRight(const String& String2Trim, Boolean bTrimSpace, Boolean bTrimCR, Boolean bTrimLF, Boolean bTrimChar0,

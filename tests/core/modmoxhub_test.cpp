@@ -9,7 +9,6 @@
 #include <mox/mox.h>
 
 #include <deque>
-#include <regex>
 #include <vector>
 
 namespace mox::test {
@@ -22,7 +21,8 @@ using namespace server::modMoxHub;
 TEST_F(ModMoxHubTest, GetShortPathGivesShortNames) {
     makeFile("long folder/file.txt");
     const std::string shortPath = GetShortPath(u"D:\\Long Folder\\FILE.TXT").utf8();
-    EXPECT_TRUE(std::regex_match(shortPath, std::regex(R"(D:\\L\w{5}~\w\\file\.txt)"))) << shortPath;
+    EXPECT_TRUE(shortPath.starts_with("D:\\L") && shortPath.ends_with("\\file.txt")) << shortPath;
+    EXPECT_EQ(shortPath.size(), std::string_view("D:\\L12345~1\\file.txt").size()) << shortPath;
     EXPECT_EQ(GetShortPath(String::fromUtf8(shortPath)), String::fromUtf8(shortPath));
     EXPECT_EQ(GetShortPath(u"D:\\missing"), u"");
     EXPECT_EQ(GetShortPath(String()), u"");
@@ -44,9 +44,9 @@ TEST_F(ModMoxHubTest, FileExistsIsWhatASearchFinds) {
         String path;
         Boolean result;
     } const cases[] = {
-        {u"D:\\folder\\file.txt", True}, {u"d:/FOLDER/FILE.TXT", True},   {u"D:\\folder", True},     {u"D:\\*.*", True},
-        {u"D:\\folder\\*.txt", True},    {u"D:\\folder\\*.doc", False},   {u"D:\\folder\\", False},  {u"D:\\", False},
-        {u"D:\\missing", False},         {u"D:\\missing\\*.*", False},    {u"N:\\x", False},         {u"", False},
+        {u"D:\\folder\\file.txt", True},  {u"d:/FOLDER/FILE.TXT", True}, {u"D:\\folder", True},    {u"D:\\*.*", True},
+        {u"D:\\folder\\*.txt", True},     {u"D:\\folder\\*.doc", False}, {u"D:\\folder\\", False}, {u"D:\\", False},
+        {u"D:\\missing", False},          {u"D:\\missing\\*.*", False},  {u"N:\\x", False},        {u"", False},
         {u"\\\\server\\share\\x", False}, {u"D:\\\u65E5\u672C", False},
     };
     for (const auto& [path, result] : cases) {
@@ -111,8 +111,13 @@ TEST_F(ModMoxHubTest, FolderExistsTakesAnEmptyDriveIfItIsFormatted) {
         bool isFormatted;
         Boolean result;
     } const cases[] = {
-        {DRIVE_UNKNOWN, true, False},  {DRIVE_NO_ROOT_DIR, true, False}, {DRIVE_REMOVABLE, true, True}, {DRIVE_REMOVABLE, false, False},
-        {DRIVE_CDROM, true, True},     {DRIVE_RAMDISK, true, True},      {7, true, False},
+        {DRIVE_UNKNOWN, true, False},
+        {DRIVE_NO_ROOT_DIR, true, False},
+        {DRIVE_REMOVABLE, true, True},
+        {DRIVE_REMOVABLE, false, False},
+        {DRIVE_CDROM, true, True},
+        {DRIVE_RAMDISK, true, True},
+        {7, true, False},
     };
     for (const auto& row : cases) {
         type = row.type;
@@ -277,9 +282,16 @@ TEST_F(ModMoxHubTest, CreateTempNameLooksForAFreeName) {
     EXPECT_EQ(CreateTempName(u"~", u"tmp", u"D", True), String()) << "ends also when no name is free";
 }
 
+/// A path in the temporary folder with one to four characters between "~" and the end.
+bool isTemporaryName(std::string_view path, std::string_view end) {
+    constexpr std::string_view start = "C:\\Temp\\~";
+    const std::size_t length = path.size() - start.size() - end.size();
+    return path.starts_with(start) && path.ends_with(end) && length >= 1 && length <= 4;
+}
+
 TEST_F(ModMoxHubTest, CreateTempNameMakesTheFile) {
     const String name = CreateTempName(u"~", u"tmp", String(), True);
-    EXPECT_TRUE(std::regex_match(name.utf8(), std::regex(R"(C:\\Temp\\~\w{1,4}\.tmp)"))) << name.utf8();
+    EXPECT_TRUE(isTemporaryName(name.utf8(), ".tmp")) << name.utf8();
     const auto place = machine_->files.resolve(name.utf8());
     ASSERT_TRUE(place);
     EXPECT_EQ(std::filesystem::file_size(*place), 0u);
@@ -305,13 +317,14 @@ TEST_F(ModMoxHubTest, GetExeOfFileReadsTheBuffer) {
         {""sv, False, u""},
     };
     for (const auto& [buffer, isShort, result] : cases) {
-        const auto swap = shell32().FindExecutableA.replace([&](std::string_view file, std::string_view folder, std::span<char> place) {
-            EXPECT_EQ(file, "D:\\doc\xE9.txt");
-            EXPECT_EQ(folder, "");
-            EXPECT_EQ(std::string(place.begin(), place.end()), std::string(256, ' '));
-            std::ranges::copy(buffer, place.begin());
-            return 0; // the answer does not count
-        });
+        const auto swap =
+            shell32().FindExecutableA.replace([&](std::string_view file, std::string_view folder, std::span<char> place) {
+                EXPECT_EQ(file, "D:\\doc\xE9.txt");
+                EXPECT_EQ(folder, "");
+                EXPECT_EQ(std::string(place.begin(), place.end()), std::string(256, ' '));
+                std::ranges::copy(buffer, place.begin());
+                return 0; // the answer does not count
+            });
         EXPECT_EQ(GetExeOfFile(u"D:\\doc\u00E9.txt", isShort), result) << buffer;
     }
 }
@@ -326,7 +339,7 @@ TEST_F(ModMoxHubTest, GetExeOfExtensionAsksWithATemporaryFile) {
         return 42;
     });
     EXPECT_EQ(GetExeOfExtension(u"html"), u"D:\\program.exe");
-    EXPECT_TRUE(std::regex_match(asked, std::regex(R"(C:\\Temp\\~\w{1,4}\.html)"))) << asked;
+    EXPECT_TRUE(isTemporaryName(asked, ".html")) << asked;
     EXPECT_EQ(FileExists(String::fromUtf8(asked)), False) << "no file remains";
 
     runtime().Kill.fail();
@@ -363,15 +376,16 @@ TEST_F(ModMoxHubTest, GetDiskSpaceAsksTheShellFirst) {
         EXPECT_EQ(counts(), (std::vector<Double>{9e12, 4e12, 6e12, 5e12}));
     }
     shell32().SHGetDiskFreeSpaceA.fail();
-    const auto kernel = kernel32().GetDiskFreeSpaceA.replace([&](std::string_view root, std::uint32_t& sectors, std::uint32_t& bytes,
-                                                                 std::uint32_t& freeClusters, std::uint32_t& clusters) {
-        asked = root;
-        sectors = 0x1'0000;
-        bytes = 0x8000;
-        freeClusters = 0xC000'0000;
-        clusters = 0xFFFF'FFFF;
-        return true;
-    });
+    const auto kernel =
+        kernel32().GetDiskFreeSpaceA.replace([&](std::string_view root, std::uint32_t& sectors, std::uint32_t& bytes,
+                                                 std::uint32_t& freeClusters, std::uint32_t& clusters) {
+            asked = root;
+            sectors = 0x1'0000;
+            bytes = 0x8000;
+            freeClusters = 0xC000'0000;
+            clusters = 0xFFFF'FFFF;
+            return true;
+        });
     available = 4;
     EXPECT_EQ(GetDiskSpace(u"D:\\folder", total, used, free, available), True);
     EXPECT_EQ(asked, "D:\\folder");

@@ -84,6 +84,7 @@ TEST(CodePageTest, putsAQuestionMarkForWhatItLacks) {
         {437, u"\u263A", "?"},
         {874, u"é", "?"},
         {932, u"é\U0001F600", "???"},
+        {932, u"\uF86F", "?"}, // some write it as 0x8782, which reads as another character
         {950, u"\uFF5E\u20AC?", "\xA1\xE3\xA3\xE1?"},
     };
     for (const auto& [number, text, bytes] : samples) {
@@ -167,6 +168,8 @@ TEST(CodePageTest, tellsLeadBytes) {
 TEST(CodePageTest, convertsTextsOfEveryLengthAlike) {
     // Around the length of the blocks, and with the one character that is no ASCII at every place in them.
     const CodePage page(1252);
+    EXPECT_EQ(page.toUtf16(std::string(32, '\x80')), std::u16string(32, u'€'));
+    EXPECT_EQ(page.fromUtf16(std::u16string(32, u'\u0080')), std::string(32, '?'));
     for (std::size_t length = 0; length <= 40; ++length) {
         for (std::size_t place = 0; place <= length; ++place) {
             std::u16string text(length, u'x');

@@ -22,8 +22,8 @@ TEST_F(DrivesTest, ofTheSystemGetItsFoldersWhenTheyAreNeeded) {
     EXPECT_FALSE(std::filesystem::exists(machine_.home()));
     EXPECT_EQ(attributes("D:\\"), FILE_ATTRIBUTE_DIRECTORY);
     EXPECT_FALSE(std::filesystem::exists(machine_.home())) << "another drive does not need them";
-    for (const char* folder : {"C:\\Windows", "C:\\WINDOWS\\system32", "C:\\Windows\\Fonts", "C:\\Temp", "C:\\Program Files", "C:\\ProgramData",
-                               "C:\\Users\\Public\\Documents", "C:\\Users\\Public\\Pictures"}) {
+    for (const char* folder : {"C:\\Windows", "C:\\WINDOWS\\system32", "C:\\Windows\\Fonts", "C:\\Temp", "C:\\Program Files",
+                               "C:\\ProgramData", "C:\\Users\\Public\\Documents", "C:\\Users\\Public\\Pictures"}) {
         EXPECT_EQ(attributes(folder), FILE_ATTRIBUTE_DIRECTORY) << folder;
     }
     Names users = list("C:\\Users\\*");
@@ -66,7 +66,8 @@ TEST_F(DrivesTest, haveATypeAtTheirRoot) {
 TEST(ConfiguredDrivesTest, mayBeAnyFolder) {
     const host::TemporaryFolder disk(testing::TempDir(), "mox-disk-");
     host::MachineConfig config;
-    config.drives = {{'e', disk.path() / "sub" / ".." / ""}, {'M', "/dev/shm"}, {'N', disk.path() / "missing"}, {'Z', disk.path()}};
+    config.drives = {
+        {'e', disk.path() / "sub" / ".." / ""}, {'M', "/dev/shm"}, {'N', disk.path() / "missing"}, {'Z', disk.path()}};
     TestMachine machine(config);
     EXPECT_EQ(machine->files.drives().at('E'), disk.path());
     EXPECT_EQ(machine->files.drives().at('Z'), disk.path());

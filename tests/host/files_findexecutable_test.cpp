@@ -48,8 +48,9 @@ protected:
         const std::filesystem::path& root = desktop_->path();
         write("data/mime/globs2", "50:text/x-mox-note:*.note\n50:text/x-mox-list:*.list\n50:text/x-mox-orphan:*.orphan\n"
                                   "50:text/x-mox-gone:*.gone\n");
-        write("data/applications/mimeinfo.cache",
-              "[MIME Cache]\ntext/x-mox-note=reader.desktop;writer.desktop;\ntext/x-mox-list=lister.desktop;\ntext/x-mox-gone=gone.desktop;\n");
+        write("data/applications/mimeinfo.cache", "[MIME "
+                                                  "Cache]\ntext/x-mox-note=reader.desktop;writer.desktop;\ntext/"
+                                                  "x-mox-list=lister.desktop;\ntext/x-mox-gone=gone.desktop;\n");
         writeApplication("reader", "reader %f");
         writeApplication("writer", "writer %f");
         writeApplication("lister", (root / "bin/a long name.sh").string());
@@ -101,8 +102,10 @@ private:
         std::ofstream(path) << contents;
     }
     static void writeApplication(const std::string& name, const std::string& command) {
-        const std::string text = command.find(' ') == command.npos || command.ends_with("%f") ? command : "\"" + command + "\" %f";
-        write("data/applications/" + name + ".desktop", "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=" + text + "\n");
+        const std::string text =
+            command.find(' ') == command.npos || command.ends_with("%f") ? command : "\"" + command + "\" %f";
+        write("data/applications/" + name + ".desktop",
+              "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=" + text + "\n");
     }
 
     static inline std::unique_ptr<host::TemporaryFolder> desktop_;

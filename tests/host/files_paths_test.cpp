@@ -10,7 +10,8 @@ class PathsTest : public FilesTest {};
 
 TEST_F(PathsTest, findEachNameWithoutRegardToCase) {
     makeFile("Folder/Sub Folder/File.Txt");
-    makeFile("\xC3\x9C" "bung/\xC3\xA9t\xC3\xA9.txt");
+    makeFile("\xC3\x9C"
+             "bung/\xC3\xA9t\xC3\xA9.txt");
     struct {
         const char* path;
         const char* place;
@@ -26,8 +27,14 @@ TEST_F(PathsTest, findEachNameWithoutRegardToCase) {
         {"D:", "."},
         {"D:folder", "Folder"},
         // The code page is 1252.
-        {"D:\\\xDC" "bung\\\xE9t\xE9.txt", "\xC3\x9C" "bung/\xC3\xA9t\xC3\xA9.txt"},
-        {"D:\\\xFC" "BUNG\\\xC9T\xC9.TXT", "\xC3\x9C" "bung/\xC3\xA9t\xC3\xA9.txt"},
+        {"D:\\\xDC"
+         "bung\\\xE9t\xE9.txt",
+         "\xC3\x9C"
+         "bung/\xC3\xA9t\xC3\xA9.txt"},
+        {"D:\\\xFC"
+         "BUNG\\\xC9T\xC9.TXT",
+         "\xC3\x9C"
+         "bung/\xC3\xA9t\xC3\xA9.txt"},
         // "." and ".." stay on the drive.
         {"D:\\.\\folder\\.", "Folder"},
         {"D:\\folder\\..", "."},
@@ -149,11 +156,14 @@ TEST_F(PathsTest, leadBackFromDisk) {
     EXPECT_EQ(files().toDrivePath(disk() / "\xC3\xA9t\xC3\xA9/x"), "D:\\\xE9t\xE9\\x");
     EXPECT_EQ(files().toDrivePath("/"), "Z:\\");
     EXPECT_EQ(files().toDrivePath("/usr/bin/env"), "Z:\\usr\\bin\\env");
-    EXPECT_EQ(files().toDrivePath(disk().string() + "x"), "Z:" + [&] {
-        std::string path = disk().string() + "x";
-        std::ranges::replace(path, '/', '\\');
-        return path;
-    }()) << "only begins like the folder of a drive";
+    EXPECT_EQ(
+        files().toDrivePath(disk().string() + "x"), "Z:" +
+                                                        [&] {
+                                                            std::string path = disk().string() + "x";
+                                                            std::ranges::replace(path, '/', '\\');
+                                                            return path;
+                                                        }())
+        << "only begins like the folder of a drive";
     EXPECT_EQ(files().toDrivePath(""), "");
     const std::string japanese = files().toDrivePath(disk() / "\xE6\x97\xA5\xE6\x9C\xAC/x");
     EXPECT_EQ(files().resolve(japanese), disk() / "\xE6\x97\xA5\xE6\x9C\xAC/x") << japanese;

@@ -74,7 +74,8 @@ TEST(NamePatternTest, matchesAsTheFindFunctionsDo) {
         {"?.txt", U"\U0001F600.TXT", true},
     };
     for (const auto& [pattern, name, matches] : cases) {
-        EXPECT_EQ(host::NamePattern(pattern).matches(name), matches) << pattern << " and " << testing::PrintToString(std::u32string(name));
+        EXPECT_EQ(host::NamePattern(pattern).matches(name), matches)
+            << pattern << " and " << testing::PrintToString(std::u32string(name));
     }
 }
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <regex>
 #include <set>
 
 namespace mox::test {
@@ -23,48 +22,59 @@ TEST_F(ShortNamesTest, haveEightAndThreeCharacters) {
         const char* form;
     } const cases[] = {
         // Short themselves: as they are on disk.
-        {"readme.txt", "readme\\.txt"},
+        {"readme.txt", "readme.txt"},
         {"README", "README"},
-        {"12345678.123", "12345678\\.123"},
+        {"12345678.123", "12345678.123"},
         {"a", "a"},
-        {"a-b_c~1!.x", "a-b_c~1!\\.x"},
+        {"a-b_c~1!.x", "a-b_c~1!.x"},
         {"\xC3\xA4", "\xE4"},
-        {"\xC3\xA4\xC3\xB6\xC3\xBC\xC3\x9F\xC3\xA4\xC3\xB6\xC3\xBC\xC3\x9F.\xC3\xA4\xC3\xB6\xC3\xBC", "\xE4\xF6\xFC\xDF\xE4\xF6\xFC\xDF\\.\xE4\xF6\xFC"},
+        {"\xC3\xA4\xC3\xB6\xC3\xBC\xC3\x9F\xC3\xA4\xC3\xB6\xC3\xBC\xC3\x9F.\xC3\xA4\xC3\xB6\xC3\xBC",
+         "\xE4\xF6\xFC\xDF\xE4\xF6\xFC\xDF.\xE4\xF6\xFC"},
         // The others: a character of the name, a hash, the extension.
-        {"123456789", "1[0-9A-Z]{5}~[0-9A-Z]"},
-        {"12345678.1234", "1[0-9A-Z]{5}~[0-9A-Z]\\.123"},
-        {"long file name.html", "L[0-9A-Z]{5}~[0-9A-Z]\\.HTM"},
-        {"a b", "A[0-9A-Z]{5}~[0-9A-Z]"},
-        {"a.b.c", "A[0-9A-Z]{5}~[0-9A-Z]\\.C"},
-        {"a+b.txt", "A[0-9A-Z]{5}~[0-9A-Z]\\.TXT"},
-        {".profile", "P[0-9A-Z]{5}~[0-9A-Z]"},
-        {"name.", "N[0-9A-Z]{5}~[0-9A-Z]"},
-        {"name. t x", "N[0-9A-Z]{5}~[0-9A-Z]\\.TX"},
-        {"\xC3\xA4rger \xC3\xBC""ber.\xC3\xA4xt", "R[0-9A-Z]{5}~[0-9A-Z]\\.XT"},
+        {"123456789", "1#####~#"},
+        {"12345678.1234", "1#####~#.123"},
+        {"long file name.html", "L#####~#.HTM"},
+        {"a b", "A#####~#"},
+        {"a.b.c", "A#####~#.C"},
+        {"a+b.txt", "A#####~#.TXT"},
+        {".profile", "P#####~#"},
+        {"name.", "N#####~#"},
+        {"name. t x", "N#####~#.TX"},
+        {"\xC3\xA4rger \xC3\xBC"
+         "ber.\xC3\xA4xt",
+         "R#####~#.XT"},
     };
     for (const auto& [name, form] : cases) {
         makeFile(name);
         const std::string made = shortName(machine_->codePage.fromUtf8(name));
-        EXPECT_TRUE(std::regex_match(made, std::regex(form))) << name << ": " << made;
+        EXPECT_TRUE(hasForm(made, form)) << name << ": " << made;
         EXPECT_EQ(resolved("D:\\" + made), name);
     }
 }
 
 TEST_F(ShortNamesTest, reachNamesThatNoPathCanHave) {
     const char* const names[] = {
-        "\xE6\x97\xA5\xE6\x9C\xAC.txt",       // Japanese, and the code page is 1252
-        "e\xCC\x81t\xC3\xA9",                 // an accent as a character of its own
-        "\xF0\x9F\x98\x80.txt",               // outside the first plane
-        "caf\xE9.txt",                        // no UTF-8
-        "\xED\xA0\x80.txt",                   // half a pair as UTF-8
-        "a\\b", "a:b", "what?", "all*", "a|b", "\"quoted\"", "<a>", "tab\there", "line\nbreak",
+        "\xE6\x97\xA5\xE6\x9C\xAC.txt", // Japanese, and the code page is 1252
+        "e\xCC\x81t\xC3\xA9",           // an accent as a character of its own
+        "\xF0\x9F\x98\x80.txt",         // outside the first plane
+        "caf\xE9.txt",                  // no UTF-8
+        "\xED\xA0\x80.txt",             // half a pair as UTF-8
+        "a\\b",
+        "a:b",
+        "what?",
+        "all*",
+        "a|b",
+        "\"quoted\"",
+        "<a>",
+        "tab\there",
+        "line\nbreak",
     };
     std::set<std::string> listed;
     for (const char* name : names) {
         makeFile(name, name);
     }
     for (const std::string& name : list("D:\\*")) {
-        EXPECT_TRUE(std::regex_match(name, std::regex("[A-Z_][0-9A-Z]{5}~[0-9A-Z](\\.TXT)?"))) << name;
+        EXPECT_TRUE(hasForm(name.substr(1), "#####~#") || hasForm(name.substr(1), "#####~#.TXT")) << name;
         const auto place = files().resolve("D:\\" + name);
         ASSERT_TRUE(place) << name;
         listed.insert(place->filename());
@@ -78,7 +88,7 @@ TEST_F(ShortNamesTest, reachNamesThatNoPathCanHave) {
 TEST_F(ShortNamesTest, workWhereverANameDoes) {
     makeFile("Long Folder Name/Long File Name.html", "12345");
     const std::string path = shortPath("D:\\long folder name\\long file name.html");
-    ASSERT_TRUE(std::regex_match(path, std::regex(R"(D:\\L\w{5}~\w\\L\w{5}~\w\.HTM)"))) << path;
+    ASSERT_TRUE(hasForm(path, "D:\\L#####~#\\L#####~#.HTM")) << path;
     EXPECT_EQ(resolved(path), "Long Folder Name/Long File Name.html");
     std::string lower = path;
     std::ranges::transform(lower, lower.begin(), [](char c) { return static_cast<char>(std::tolower(c)); });

@@ -19,10 +19,10 @@ TEST_F(StatementsTest, makeFolders) {
         const char* folder;
         int error;
     } const cases[] = {
-        {"D:\\New", 0},         {"D:\\new", 75},          {"D:\\New\\Sub\\", 0},     {"D:\\new/sub/deeper", 0},
-        {"D:\\file", 75},       {"D:\\file\\", 75},       {"D:\\file\\sub", 76},     {"D:\\missing\\sub", 76},
-        {"D:\\", 75},           {"Q:\\new", 76},          {"\\\\server\\share", 76}, {"", 76},
-        {"D:\\a*", 52},         {"D:\\a|b", 52},          {"D:\\..\\Up", 0},         {"D:\\\xC4\xD6", 0},
+        {"D:\\New", 0},     {"D:\\new", 75},    {"D:\\New\\Sub\\", 0},     {"D:\\new/sub/deeper", 0},
+        {"D:\\file", 75},   {"D:\\file\\", 75}, {"D:\\file\\sub", 76},     {"D:\\missing\\sub", 76},
+        {"D:\\", 75},       {"Q:\\new", 76},    {"\\\\server\\share", 76}, {"", 76},
+        {"D:\\a*", 52},     {"D:\\a|b", 52},    {"D:\\..\\Up", 0},         {"D:\\\xC4\xD6", 0},
         {"D:\\Dotted.", 0},
     };
     for (const auto& [folder, error] : cases) {
@@ -86,9 +86,8 @@ TEST_F(StatementsTest, touchFiles) {
         const char* file;
         int error;
     } const cases[] = {
-        {"D:\\new", 0},          {"D:\\NEW", 0},      {"D:\\FULL", 0},     {"D:\\folder", 75}, {"D:\\folder\\", 75},
-        {"D:\\folder\\new", 0},  {"D:\\none\\", 75},  {"D:\\a\\b", 76},    {"Q:\\new", 76},    {"D:\\a?", 52},
-        {"D:\\pipe", 0},         {"", 76},
+        {"D:\\new", 0},     {"D:\\NEW", 0},   {"D:\\FULL", 0}, {"D:\\folder", 75}, {"D:\\folder\\", 75}, {"D:\\folder\\new", 0},
+        {"D:\\none\\", 75}, {"D:\\a\\b", 76}, {"Q:\\new", 76}, {"D:\\a?", 52},     {"D:\\pipe", 0},      {"", 76},
     };
     for (const auto& [file, error] : cases) {
         EXPECT_EQ(runtime().TouchBinary(file), error) << file;

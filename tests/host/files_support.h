@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -74,5 +75,11 @@ private:
 };
 
 using Names = std::vector<std::string>;
+
+/// True if a text is like `form`, in which "#" stands for a digit or an upper-case letter.
+inline bool hasForm(std::string_view text, std::string_view form) {
+    return std::ranges::equal(
+        text, form, [](char c, char f) { return f == '#' ? (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') : c == f; });
+}
 
 } // namespace mox::test

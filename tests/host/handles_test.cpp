@@ -91,9 +91,10 @@ TEST(HandlesTest, fillTheTableAndNoMore) {
 
 TEST(HandlesTest, mayCloseOthersAtTheirEnd) {
     struct Owner {
+        Owner(Handles& all, Handle brush) : handles(all), owned(brush) {}
+        ~Owner() { handles.close<Brush>(owned); }
         Handles& handles;
         Handle owned;
-        ~Owner() { handles.close<Brush>(owned); }
     };
     Handles handles;
     const Handle owned = handles.open("brush", std::make_shared<Brush>());

@@ -189,6 +189,14 @@ TEST(MachineTest, givesTheRandomNumbersOfTheLanguage) {
     EXPECT_GT(*seeded.rbegin(), 0.8F);
 }
 
+TEST(MachineTest, keepsNothingOfAMachineBeforeIt) {
+    for (int round = 0; round < 3; ++round) { // each likely in the same place in memory
+        TestMachine machine;
+        EXPECT_FLOAT_EQ(runtime().Rnd(), 0.7055475F);
+        EXPECT_EQ(user32().SetTimer(0, 0, 10, [](std::uint32_t, std::uint32_t) {}), 1u);
+    }
+}
+
 TEST(MachineTest, givesRandomNumbersBelowOne) {
     // The generator visits every one of its states once before it repeats itself.
     host::RandomNumbers numbers;

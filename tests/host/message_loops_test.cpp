@@ -1,12 +1,13 @@
 #include "support/testclock.h"
 
-#include "automation/objects/apartment.h"
+#include "automation/objects/objectcore.h"
 #include "host/desktop/messageloops.h"
 
 #include <mox/abi/functions.h>
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <set>
 #include <string>
 #include <thread>
@@ -234,12 +235,13 @@ TEST_F(MessageLoopsTest, dropsAllTimersAtItsEnd) {
 
 TEST_F(MessageLoopsTest, maySetAndEndTimersWhileOneGoes) {
     struct Guard {
-        MessageLoopsTest& test;
-        std::uint32_t timer = 0;
+        explicit Guard(MessageLoopsTest& present) : test(present) {}
         ~Guard() {
             EXPECT_FALSE(test.loops.killTimer(timer)); // its own is gone by now
             test.loops.setTimer(10, test.note("set by the end"));
         }
+        MessageLoopsTest& test;
+        std::uint32_t timer = 0;
     };
     auto guard = std::make_shared<Guard>(*this);
     guard->timer = loops.setTimer(10, [guard](std::uint32_t, std::uint32_t) {});
@@ -248,6 +250,28 @@ TEST_F(MessageLoopsTest, maySetAndEndTimersWhileOneGoes) {
     EXPECT_TRUE(loops.killTimer(timer));
     loops.pump(milliseconds(10));
     EXPECT_EQ(log, (Log{"set by the end10"}));
+}
+
+/// The smallest object that references are counted on.
+class Witness final : public ObjectCore {
+public:
+    Witness(typelib::LibraryState& library, bool& isAlive) : ObjectCore(library), isAlive_(isAlive) { isAlive_ = true; }
+    ~Witness() override { isAlive_ = false; }
+
+private:
+    IUnknown* identity() noexcept override { return nullptr; }
+
+    bool& isAlive_;
+};
+
+TEST_F(MessageLoopsTest, releasesWhatOtherThreadsHandOver) {
+    typelib::LibraryState library;
+    bool isAlive = false;
+    ObjectCore& object = *std::make_unique<Witness>(library, isAlive).release(); // owned by its references
+    std::thread([&] { object.releaseReference(); }).join();
+    EXPECT_TRUE(isAlive);
+    loops.pump(milliseconds(0));
+    EXPECT_FALSE(isAlive);
 }
 
 TEST_F(MessageLoopsTest, runsOnThreadsAtTheSameTime) {

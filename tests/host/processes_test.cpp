@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace mox::test {
@@ -19,6 +21,24 @@ using namespace platform;
 
 constexpr std::uint32_t entrySize = 296;
 constexpr std::uint32_t readAccess = PROCESS_QUERY_INFORMATION | PROCESS_VM_READ;
+
+/// A new file that is mapped for reading.
+class MappedFile {
+public:
+    explicit MappedFile(const std::filesystem::path& path) {
+        const int file = open(path.c_str(), O_RDWR | O_CREAT, 0600);
+        address_ = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file, 0);
+        close(file);
+        EXPECT_NE(address_, MAP_FAILED);
+    }
+    ~MappedFile() { munmap(address_, size); }
+    MappedFile(const MappedFile&) = delete;
+    MappedFile& operator=(const MappedFile&) = delete;
+
+private:
+    static constexpr std::size_t size = 4096;
+    void* address_ = nullptr;
+};
 
 struct ProcessesTest : testing::Test {
     TestMachine machine;
@@ -133,6 +153,7 @@ TEST_F(ProcessesTest, refusesEntriesOfAnotherSize) {
 }
 
 TEST_F(ProcessesTest, givesTheModulesOfThisProcess) {
+    const MappedFile data(machine.folder() / "data that is no code");
     const Handle process = kernel32().OpenProcess(readAccess, false, self);
     ASSERT_GT(process, 0);
     std::array<Handle, 1000> modules{};
@@ -149,6 +170,7 @@ TEST_F(ProcessesTest, givesTheModulesOfThisProcess) {
     EXPECT_EQ(std::ranges::count_if(paths, [](const auto& path) { return path.find("libmoxplatform.so") != std::string::npos; }),
               1);
     EXPECT_EQ(std::ranges::count_if(paths, [](const auto& path) { return path.find("\\libc.so.6") != std::string::npos; }), 1);
+    EXPECT_EQ(std::ranges::count_if(paths, [](const auto& path) { return path.find("no code") != std::string::npos; }), 0);
     std::ranges::sort(paths);
     EXPECT_EQ(std::ranges::adjacent_find(paths), paths.end());
     EXPECT_EQ(pathOf(process, 0), drivePath(thisProgram));

@@ -1,4 +1,5 @@
-"""What the tests share: a machine in memory, a hub, a look at what the server keeps alive, and an object that says how it was called."""
+"""What the tests share: a machine in memory, a hub, a look at what the server keeps alive, and an object that says how it was
+called."""
 import ctypes
 import gc
 import os
@@ -31,17 +32,17 @@ def error(function, *arguments, **named):
     raise AssertionError(f"no error, but {result!r}")
 
 
-def _server():
-    """The server file that is loaded."""
+def loaded(name):
+    """The path of a library that is loaded in this process."""
+    mox.create("moxHub")
     with open("/proc/self/maps", encoding="utf-8") as maps:
-        path = next(line.split()[-1] for line in maps if line.rstrip().endswith("trl.obkr.mox.so"))
-    return ctypes.CDLL(path)
+        return Path(next(line.split()[-1] for line in maps if line.rstrip().endswith("/" + name)))
 
 
 def server_is_idle():
     """True if no object, record or type information of the server is alive."""
     gc.collect()
-    return _server().DllCanUnloadNow() == _abi.S_OK
+    return ctypes.CDLL(str(loaded("trl.obkr.mox.so"))).DllCanUnloadNow() == _abi.S_OK
 
 
 def run_python(code, *, check=True, **environment):
@@ -51,15 +52,17 @@ def run_python(code, *, check=True, **environment):
 
 def run(command, *, check=True, **environment):
     package = str(ROOT / "bindings" / "python")
-    result = subprocess.run(command, capture_output=True, text=True, timeout=120, env={**os.environ, "PYTHONPATH": package, **environment})
+    result = subprocess.run(
+        command, capture_output=True, text=True, timeout=120, env={**os.environ, "PYTHONPATH": package, **environment}
+    )
     if check and result.returncode != 0:
         raise AssertionError(f"exit status {result.returncode}\n{result.stdout}\n{result.stderr}")
     return result
 
 
 class FakeObject:
-    """An object of another make: a table of callbacks. It notes how it was called and answers with what the test puts in ``answer``, a function of
-    the result place that returns a status."""
+    """An object of another make: a table of callbacks. It notes how it was called and answers with what the test puts in
+    ``answer``, a function of the result place that returns a status."""
 
     def __init__(self, name, functions):
         self.calls = []
@@ -73,8 +76,18 @@ class FakeObject:
             CFUNCTYPE(c_int, pointer, pointer)(lambda *_: _abi.signed(_abi.E_NOTIMPL)),
             CFUNCTYPE(c_int, pointer, c_uint, c_uint, pointer)(lambda *_: _abi.signed(_abi.E_NOTIMPL)),
             CFUNCTYPE(c_int, pointer, pointer, pointer, c_uint, c_uint, pointer)(lambda *_: _abi.signed(_abi.E_NOTIMPL)),
-            CFUNCTYPE(c_int, pointer, c_int, pointer, c_uint, c_ushort, POINTER(_abi.DISPPARAMS), POINTER(_abi.VARIANT),
-                      POINTER(_abi.EXCEPINFO), POINTER(c_uint))(self._invoke),
+            CFUNCTYPE(
+                c_int,
+                pointer,
+                c_int,
+                pointer,
+                c_uint,
+                c_ushort,
+                POINTER(_abi.DISPPARAMS),
+                POINTER(_abi.VARIANT),
+                POINTER(_abi.EXCEPINFO),
+                POINTER(c_uint),
+            )(self._invoke),
         ]
         self._table = (pointer * 7)(*(ctypes.cast(callback, pointer).value for callback in self._callbacks))
         self._memory = (pointer * 1)(ctypes.addressof(self._table))
@@ -115,7 +128,8 @@ class Call:
 def declared(name, kind, *arguments, id=1, result=_abi.VT_VOID):
     """A function of a FakeObject. Arguments are (name, variant type) or (name, variant type, "optional")."""
     declared_arguments = [
-        _typelib.Argument(argument[0], _type(argument[1]), _abi.PARAMFLAG_OPT if "optional" in argument else 0, None) for argument in arguments
+        _typelib.Argument(argument[0], _type(argument[1]), _abi.PARAMFLAG_OPT if "optional" in argument else 0, None)
+        for argument in arguments
     ]
     return _typelib.Function(name, name, id, kind, False, declared_arguments, _type(result))
 

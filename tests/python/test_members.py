@@ -2,8 +2,22 @@
 import unittest
 
 import mox
-from mox._abi import (DISPATCH_GET, DISPATCH_METHOD, DISPATCH_PUT, DISPATCH_PUTREF, DISPID_PROPERTYPUT, VT_BOOL, VT_BSTR, VT_BYREF, VT_DISPATCH,
-                      VT_EMPTY, VT_ERROR, VT_I4, VT_R8, VT_VARIANT)
+from mox._abi import (
+    DISPATCH_GET,
+    DISPATCH_METHOD,
+    DISPATCH_PUT,
+    DISPATCH_PUTREF,
+    DISPID_PROPERTYPUT,
+    VT_BOOL,
+    VT_BSTR,
+    VT_BYREF,
+    VT_DISPATCH,
+    VT_EMPTY,
+    VT_ERROR,
+    VT_I4,
+    VT_R8,
+    VT_VARIANT,
+)
 
 from support import Call, FakeObject, NoLeaks, TestCase, declared, error, hub
 
@@ -54,8 +68,11 @@ class Reading(NoLeaks):
         self.assertIn("Optional MinValue As Long = -2147483647", vLong.MinMax.__doc__)
         self.assertIn("fact about the running library", hub().ExtensionInfo.__doc__)
         import inspect
-        self.assertEqual(str(inspect.signature(vLong.MinMax)),
-                         "(LongValue: int, MinValue: int = -2147483647, MaxValue: int = 2147483647) -> int")
+
+        self.assertEqual(
+            str(inspect.signature(vLong.MinMax)),
+            "(LongValue: int, MinValue: int = -2147483647, MaxValue: int = 2147483647) -> int",
+        )
         self.assertEqual(str(inspect.signature(hub().ExtensionInfo)), "(eInfo: MOX_EXTENSION_INFO) -> Any")
 
     def test_objects_are_equal_if_they_are_the_same(self):
@@ -69,6 +86,7 @@ class Reading(NoLeaks):
 
     def test_objects_are_not_made_or_copied_by_python(self):
         import copy
+
         with self.assertRaises(TypeError):
             mox.moxHub()
         with self.assertRaises(TypeError):
@@ -163,18 +181,28 @@ class Wire(TestCase):
     """What Invoke gets, seen by an object of another make."""
 
     def setUp(self):
-        self.fake = FakeObject("Fake", [
-            declared("Name", DISPATCH_GET, ("Index", VT_I4), ("Kind", VT_BSTR, "optional"), result=VT_BSTR),
-            declared("Name", DISPATCH_PUT, ("Index", VT_I4), ("Kind", VT_BSTR, "optional"), ("value", VT_R8)),
-            declared("Owner", DISPATCH_GET, id=2, result=VT_DISPATCH),
-            declared("Owner", DISPATCH_PUT, ("value", VT_DISPATCH), id=2),
-            declared("Owner", DISPATCH_PUTREF, ("value", VT_DISPATCH), id=2),
-            declared("Target", DISPATCH_PUTREF, ("value", VT_DISPATCH), id=3),
-            declared("Run", DISPATCH_METHOD, ("A", VT_I4, "optional"), ("B", VT_VARIANT, "optional"), ("C", VT_BOOL, "optional"), id=4),
-            declared("Change", DISPATCH_METHOD, ("A", VT_BYREF | VT_VARIANT), ("B", VT_BYREF | VT_I4), id=5),
-            declared("Item", DISPATCH_GET, ("Index", VT_VARIANT), id=0, result=VT_I4),
-            declared("Item", DISPATCH_PUT, ("Index", VT_VARIANT), ("value", VT_I4), id=0),
-        ])
+        self.fake = FakeObject(
+            "Fake",
+            [
+                declared("Name", DISPATCH_GET, ("Index", VT_I4), ("Kind", VT_BSTR, "optional"), result=VT_BSTR),
+                declared("Name", DISPATCH_PUT, ("Index", VT_I4), ("Kind", VT_BSTR, "optional"), ("value", VT_R8)),
+                declared("Owner", DISPATCH_GET, id=2, result=VT_DISPATCH),
+                declared("Owner", DISPATCH_PUT, ("value", VT_DISPATCH), id=2),
+                declared("Owner", DISPATCH_PUTREF, ("value", VT_DISPATCH), id=2),
+                declared("Target", DISPATCH_PUTREF, ("value", VT_DISPATCH), id=3),
+                declared(
+                    "Run",
+                    DISPATCH_METHOD,
+                    ("A", VT_I4, "optional"),
+                    ("B", VT_VARIANT, "optional"),
+                    ("C", VT_BOOL, "optional"),
+                    id=4,
+                ),
+                declared("Change", DISPATCH_METHOD, ("A", VT_BYREF | VT_VARIANT), ("B", VT_BYREF | VT_I4), id=5),
+                declared("Item", DISPATCH_GET, ("Index", VT_VARIANT), id=0, result=VT_I4),
+                declared("Item", DISPATCH_PUT, ("Index", VT_VARIANT), ("value", VT_I4), id=0),
+            ],
+        )
         self.object = self.fake.object
 
     def assertCalled(self, *expected):
@@ -269,9 +297,18 @@ class Failures(TestCase):
 
     def test_numbers(self):
         for status, bad, number, argument in [
-            (0x80020005, 0, 13, "B"), (0x80020005, 1, 13, "A"), (0x8002000A, 1, 6, "A"), (0x8002000B, None, 9, None), (0x80020003, None, 438, None),
-            (0x80020006, None, 438, None), (0x80020004, None, 448, None), (0x8002000E, None, 450, None), (0x800A005B, None, 91, None),
-            (0x800A01C5, None, 453, None), (0x80004001, None, 445, None), (0x80004005, None, 0x80004005, None),
+            (0x80020005, 0, 13, "B"),
+            (0x80020005, 1, 13, "A"),
+            (0x8002000A, 1, 6, "A"),
+            (0x8002000B, None, 9, None),
+            (0x80020003, None, 438, None),
+            (0x80020006, None, 438, None),
+            (0x80020004, None, 448, None),
+            (0x8002000E, None, 450, None),
+            (0x800A005B, None, 91, None),
+            (0x800A01C5, None, 453, None),
+            (0x80004001, None, 445, None),
+            (0x80004005, None, 0x80004005, None),
         ]:
             with self.subTest(f"{status:08X}"):
                 caught = self.failing(status, bad)
@@ -289,9 +326,14 @@ class Failures(TestCase):
     def test_a_failure_leaves_nothing_for_the_next_one(self):
         self.failing(0x80020005, 0)
         self.assertIsNone(self.failing(0x80020005).argument)
+        self.failing(0x80020009, code=1004, scode=0x800A0009, description="first")
+        self.fake.answer = lambda result, exception, bad: 0x80020009
+        caught = error(self.fake.object.Run, 1)
+        self.assertEqual((caught.number, caught.description), (0x80004005, "Automation error 0x80004005"))
 
     def test_an_error_survives_pickling(self):
         import pickle
+
         before = self.failing(0x80020005, 0)
         after = pickle.loads(pickle.dumps(before))
         self.assertEqual((type(after), vars(after)), (type(before), vars(before)))

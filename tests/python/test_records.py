@@ -32,9 +32,15 @@ class Records(NoLeaks):
     def test_what_does_not_fit(self):
         rc = mox.Record("RECT")
         for number, argument, call in [
-            (438, None, lambda: mox.Record("NoSuchRecord")), (438, None, lambda: mox.Record("moxHub")), (438, None, lambda: mox.Record("RECT", Width=1)),
-            (438, None, lambda: rc.Width), (438, None, lambda: setattr(rc, "Width", 1)), (13, "Left", lambda: setattr(rc, "Left", "x")),
-            (6, "Left", lambda: setattr(rc, "Left", 1 << 40)), (13, "Left", lambda: setattr(rc, "Left", rc)), (13, "Left", lambda: setattr(rc, "Left", {})),
+            (438, None, lambda: mox.Record("NoSuchRecord")),
+            (438, None, lambda: mox.Record("moxHub")),
+            (438, None, lambda: mox.Record("RECT", Width=1)),
+            (438, None, lambda: rc.Width),
+            (438, None, lambda: setattr(rc, "Width", 1)),
+            (13, "Left", lambda: setattr(rc, "Left", "x")),
+            (6, "Left", lambda: setattr(rc, "Left", 1 << 40)),
+            (13, "Left", lambda: setattr(rc, "Left", rc)),
+            (13, "Left", lambda: setattr(rc, "Left", {})),
         ]:
             self.assertError(number, call, argument=argument)
         self.assertEqual(rc, mox.Record("RECT"))
@@ -66,7 +72,9 @@ class Records(NoLeaks):
         hub().Vars.vMath.RotateRectEx(mox.Record("RECT"), 0, 0, 0, corners, mox.Record("RECT"))
         self.assertEqual(corners.value, [mox.Record("POINTAPI")] * 4)
         wrong = mox.ByRef([mox.Record("Size")])
-        self.assertError(13, hub().Vars.vMath.RotateRectEx, mox.Record("RECT"), 0, 0, 0, wrong, mox.Record("RECT"), argument="ptRotated")
+        self.assertError(
+            13, hub().Vars.vMath.RotateRectEx, mox.Record("RECT"), 0, 0, 0, wrong, mox.Record("RECT"), argument="ptRotated"
+        )
 
 
 class Fields(TestCase):
@@ -95,8 +103,13 @@ class Fields(TestCase):
         self.assertEqual(copy.deepcopy(listing), listing)
 
     def test_records_inside_records_are_the_same_memory(self):
-        nested = [(entry.name, field.name) for library in _typelib.libraries() for entry in library.records for field in entry.content
-                  if field.type.record and not field.type.array]
+        nested = [
+            (entry.name, field.name)
+            for library in _typelib.libraries()
+            for entry in library.records
+            for field in entry.content
+            if field.type.record and not field.type.array
+        ]
         self.assertTrue(nested)
         for name, field in nested:
             with self.subTest(f"{name}.{field}"):

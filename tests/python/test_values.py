@@ -10,8 +10,26 @@ import unittest
 
 import mox
 from mox import _typelib
-from mox._abi import (SAFEARRAYBOUND, VARIANT, VT_ARRAY, VT_BOOL, VT_BSTR, VT_CY, VT_DATE, VT_DECIMAL, VT_DISPATCH, VT_EMPTY, VT_I2, VT_I4, VT_I8,
-                      VT_NULL, VT_R4, VT_R8, VT_UI1, VT_VARIANT)
+from mox._abi import (
+    SAFEARRAYBOUND,
+    VARIANT,
+    VT_ARRAY,
+    VT_BOOL,
+    VT_BSTR,
+    VT_CY,
+    VT_DATE,
+    VT_DECIMAL,
+    VT_DISPATCH,
+    VT_EMPTY,
+    VT_I2,
+    VT_I4,
+    VT_I8,
+    VT_NULL,
+    VT_R4,
+    VT_R8,
+    VT_UI1,
+    VT_VARIANT,
+)
 from mox._platform import platform
 from mox._variant import clear, convert, read_variant, write
 
@@ -45,16 +63,32 @@ class Variants(TestCase):
     def test_values_and_their_variant_types(self):
         noon = datetime.datetime(2024, 2, 29, 12)
         for value, vt, result in [
-            (None, VT_EMPTY, None), (True, VT_BOOL, True), (False, VT_BOOL, False),
-            (0, VT_I4, 0), (0x7FFFFFFF, VT_I4, 0x7FFFFFFF), (-0x80000000, VT_I4, -0x80000000),
-            (0x80000000, VT_I8, 0x80000000), (-(1 << 63), VT_I8, -(1 << 63)), (1 << 63, VT_R8, float(1 << 63)),
-            (mox.suINCH, VT_I4, 5), (1.5, VT_R8, 1.5), (fractions.Fraction(1, 4), VT_R8, 0.25),
-            ("", VT_BSTR, ""), ("a\0\ud800\U0001F600\xe4", VT_BSTR, "a\0\ud800\U0001F600\xe4"),
-            (noon, VT_DATE, mox.Date(noon)), (datetime.date(1899, 12, 30), VT_DATE, mox.Date(0)), (mox.Date(2.25), VT_DATE, mox.Date(2.25)),
-            (D("1.50"), VT_DECIMAL, D("1.50")), (D("-0.0000000000000000000000000001"), VT_DECIMAL, D("-1E-28")),
-            (D(79228162514264337593543950335), VT_DECIMAL, D(79228162514264337593543950335)), (D("12E3"), VT_DECIMAL, D(12000)),
-            (b"\0\xff", VT_ARRAY | VT_UI1, b"\0\xff"), (bytearray(b"x"), VT_ARRAY | VT_UI1, b"x"), (memoryview(b"xy"), VT_ARRAY | VT_UI1, b"xy"),
-            ([], VT_ARRAY | VT_VARIANT, []), ((1, "x", [True, None]), VT_ARRAY | VT_VARIANT, [1, "x", [True, None]]),
+            (None, VT_EMPTY, None),
+            (True, VT_BOOL, True),
+            (False, VT_BOOL, False),
+            (0, VT_I4, 0),
+            (0x7FFFFFFF, VT_I4, 0x7FFFFFFF),
+            (-0x80000000, VT_I4, -0x80000000),
+            (0x80000000, VT_I8, 0x80000000),
+            (-(1 << 63), VT_I8, -(1 << 63)),
+            (1 << 63, VT_R8, float(1 << 63)),
+            (mox.suINCH, VT_I4, 5),
+            (1.5, VT_R8, 1.5),
+            (fractions.Fraction(1, 4), VT_R8, 0.25),
+            ("", VT_BSTR, ""),
+            ("a\0\ud800\U0001F600\xe4", VT_BSTR, "a\0\ud800\U0001F600\xe4"),
+            (noon, VT_DATE, mox.Date(noon)),
+            (datetime.date(1899, 12, 30), VT_DATE, mox.Date(0)),
+            (mox.Date(2.25), VT_DATE, mox.Date(2.25)),
+            (D("1.50"), VT_DECIMAL, D("1.50")),
+            (D("-0.0000000000000000000000000001"), VT_DECIMAL, D("-1E-28")),
+            (D(79228162514264337593543950335), VT_DECIMAL, D(79228162514264337593543950335)),
+            (D("12E3"), VT_DECIMAL, D(12000)),
+            (b"\0\xff", VT_ARRAY | VT_UI1, b"\0\xff"),
+            (bytearray(b"x"), VT_ARRAY | VT_UI1, b"x"),
+            (memoryview(b"xy"), VT_ARRAY | VT_UI1, b"xy"),
+            ([], VT_ARRAY | VT_VARIANT, []),
+            ((1, "x", [True, None]), VT_ARRAY | VT_VARIANT, [1, "x", [True, None]]),
             (range(3), VT_ARRAY | VT_VARIANT, [0, 1, 2]),
         ]:
             with self.subTest(repr(value)):
@@ -63,7 +97,9 @@ class Variants(TestCase):
 
     def test_decimals_are_rounded_to_what_there_is_room_for(self):
         for value, result in [
-            (D(1) / D(3), D("0.3333333333333333333333333333")), (D("1E-40"), D(0)), (D("0.99999999999999999999999999999"), D(1)),
+            (D(1) / D(3), D("0.3333333333333333333333333333")),
+            (D("1E-40"), D(0)),
+            (D("0.99999999999999999999999999999"), D(1)),
             (D("79228162514264337593543950334.6"), D(79228162514264337593543950335)),
         ]:
             self.assertEqual(through(value), (VT_DECIMAL, result), value)
@@ -71,7 +107,11 @@ class Variants(TestCase):
         self.assertEqual(error(through, D("NaN")).number, 13)
 
     def test_currency_has_four_decimals(self):
-        for value, result in [(D("12.34565"), D("12.3456")), (D("-0.00015"), D("-0.0002")), (D("922337203685477.5807"), D("922337203685477.5807"))]:
+        for value, result in [
+            (D("12.34565"), D("12.3456")),
+            (D("-0.00015"), D("-0.0002")),
+            (D("922337203685477.5807"), D("922337203685477.5807")),
+        ]:
             self.assertEqual(through(value, VT_CY), (VT_CY, result))
         self.assertEqual(error(through, D("922337203685477.5808"), VT_CY).number, 6)
 
@@ -90,17 +130,34 @@ class Variants(TestCase):
 class Arrays(TestCase):
     def test_elements_have_the_declared_type(self):
         for values, vt, result in [
-            ([1, -2], VT_I2, [1, -2]), ([1, 2.5, "3", True], VT_I4, [1, 2, 3, -1]), ([1, 2.5], VT_R4, [1.0, 2.5]), (array.array("d", [1, 2]), VT_R8, [1.0, 2.0]),
-            ([0, 255], VT_UI1, b"\0\xff"), (b"ab", VT_I4, [97, 98]), (["a", 5], VT_BSTR, ["a", "5"]), ([True, 0, 2], VT_BOOL, [True, False, True]),
-            ([1.5, datetime.date(1900, 1, 1)], VT_DATE, [1.5, 2.0]), ([D("1.5"), 2], VT_CY, [D("1.5"), D(2)]), ([D("1.5"), 2], VT_DECIMAL, [D("1.5"), D(2)]),
-            ([None], VT_DISPATCH, [None]), ([], VT_BSTR, []), ([], VT_UI1, b""),
+            ([1, -2], VT_I2, [1, -2]),
+            ([1, 2.5, "3", True], VT_I4, [1, 2, 3, -1]),
+            ([1, 2.5], VT_R4, [1.0, 2.5]),
+            (array.array("d", [1, 2]), VT_R8, [1.0, 2.0]),
+            ([0, 255], VT_UI1, b"\0\xff"),
+            (b"ab", VT_I4, [97, 98]),
+            (["a", 5], VT_BSTR, ["a", "5"]),
+            ([True, 0, 2], VT_BOOL, [True, False, True]),
+            ([1.5, datetime.date(1900, 1, 1)], VT_DATE, [1.5, 2.0]),
+            ([D("1.5"), 2], VT_CY, [D("1.5"), D(2)]),
+            ([D("1.5"), 2], VT_DECIMAL, [D("1.5"), D(2)]),
+            ([None], VT_DISPATCH, [None]),
+            ([], VT_BSTR, []),
+            ([], VT_UI1, b""),
         ]:
             with self.subTest(f"{values!r} as {vt}"):
                 got, after = through(values, vt, is_array=True)
                 self.assertEqual((got, after), (VT_ARRAY | vt, result))
 
     def test_an_element_that_does_not_fit_fails_the_whole(self):
-        for values, vt, number in [([1, 70000], VT_I2, 6), ([-1], VT_UI1, 6), ([1, "x"], VT_I4, 13), ([1e300], VT_R4, 6), ([1, None], VT_R8, 13), ([{}], VT_BSTR, 13)]:
+        for values, vt, number in [
+            ([1, 70000], VT_I2, 6),
+            ([-1], VT_UI1, 6),
+            ([1, "x"], VT_I4, 13),
+            ([1e300], VT_R4, 6),
+            ([1, None], VT_R8, 13),
+            ([{}], VT_BSTR, 13),
+        ]:
             with self.subTest(f"{values!r} as {vt}"):
                 self.assertEqual(error(through, values, vt, True).number, number)
 
@@ -129,15 +186,22 @@ class Arrays(TestCase):
 class Dates(TestCase):
     def test_days_and_times(self):
         for days, moment in [
-            (0.0, datetime.datetime(1899, 12, 30)), (45351.75, datetime.datetime(2024, 2, 29, 18)), (2.5, datetime.datetime(1900, 1, 1, 12)),
-            (-1.25, datetime.datetime(1899, 12, 29, 6)), (-2.0, datetime.datetime(1899, 12, 28)), (-657434.0, datetime.datetime(100, 1, 1)),
+            (0.0, datetime.datetime(1899, 12, 30)),
+            (45351.75, datetime.datetime(2024, 2, 29, 18)),
+            (2.5, datetime.datetime(1900, 1, 1, 12)),
+            (-1.25, datetime.datetime(1899, 12, 29, 6)),
+            (-2.0, datetime.datetime(1899, 12, 28)),
+            (-657434.0, datetime.datetime(100, 1, 1)),
         ]:
             with self.subTest(moment):
                 self.assertEqual(mox.Date(days).datetime, moment)
                 self.assertEqual(mox.Date(moment), days)
 
     def test_the_platform_reads_them_alike(self):
-        for text, moment in (("1/2/1999 3:04:05 AM", datetime.datetime(1999, 1, 2, 3, 4, 5)), ("12/29/1899 6:00:00 AM", datetime.datetime(1899, 12, 29, 6))):
+        for text, moment in (
+            ("1/2/1999 3:04:05 AM", datetime.datetime(1999, 1, 2, 3, 4, 5)),
+            ("12/29/1899 6:00:00 AM", datetime.datetime(1899, 12, 29, 6)),
+        ):
             self.assertEqual(as_type(text, VT_DATE).datetime.replace(microsecond=0), moment)
 
     def test_time_zones_become_local_time(self):
@@ -145,15 +209,19 @@ class Dates(TestCase):
         self.assertEqual(mox.Date(here.astimezone(datetime.timezone.utc)).datetime, here)
 
     def test_it_is_a_number(self):
-        self.assertEqual((mox.Date(1.5) + 1, repr(mox.Date(1.5)), str(mox.Date(1.5))), (2.5, "mox.Date(1.5)", "1899-12-31 12:00:00"))
+        self.assertEqual(
+            (mox.Date(1.5) + 1, repr(mox.Date(1.5)), str(mox.Date(1.5))), (2.5, "mox.Date(1.5)", "1899-12-31 12:00:00")
+        )
         self.assertEqual(str(mox.Date(1e9)), "mox.Date(1000000000.0)")
 
 
 class Enums(TestCase):
     def test_classes_and_values(self):
         unit = mox.enums.MOX_SCALEUNIT
-        self.assertEqual([(value.name, int(value)) for value in unit],
-                         [("suTWIP", 1), ("suPOINTS", 2), ("suPIXEL", 3), ("suINCH", 5), ("suMM", 6), ("suCM", 7)])
+        self.assertEqual(
+            [(value.name, int(value)) for value in unit],
+            [("suTWIP", 1), ("suPOINTS", 2), ("suPIXEL", 3), ("suINCH", 5), ("suMM", 6), ("suCM", 7)],
+        )
         self.assertIs(mox.suINCH, unit.suINCH)
         self.assertIs(mox.moxext_ProcessID, mox.enums.MOX_EXTENSION_INFO(0), "a value of 0 too")
         self.assertIs(pickle.loads(pickle.dumps(mox.suCM)), mox.suCM)

@@ -1,12 +1,12 @@
-'''The mox library for Python: late bound, through IDispatch and the type library alone.
+"""The mox library for Python: late bound, through IDispatch and the type library alone.
 
     >>> import mox
     >>> hub = mox.create("moxHub")                  # class name, ProgID or class identifier
     >>> hub.Vars.ConvertUnit(1, mox.suINCH, mox.suCM)
     2.5396825396825395
 
-A property without arguments is read and set as an attribute; a property with arguments, even if all can be left out, is called or indexed.
-Methods are called. Arguments go by position or by their declared names, and optional ones may be left out:
+A property without arguments is read and set as an attribute; a property with arguments, even if all can be left out, is called or
+indexed. Methods are called. Arguments go by position or by their declared names, and optional ones may be left out:
 
     >>> vLong = hub.Vars.vLong
     >>> vLong.MinMax(5, MaxValue=3)
@@ -27,10 +27,11 @@ What a member changes in its arguments comes back in a ``ByRef``. Records are ch
     >>> rc.Left
     6
 
-Values: Boolean is bool, Date is ``mox.Date`` (a float of days with ``.datetime``; datetimes are taken too), arrays are lists, of Byte bytes,
-with ``.lower`` where they do not begin at 0 (``mox.Array``, ``mox.ByteArray``), Currency and Decimal are ``decimal.Decimal``, Nothing and empty
-variants are None, results of an enum's type are its values. Enums are in ``mox.enums``, and their values here: ``mox.suINCH``. So are the Python
-classes of objects and records, for ``isinstance`` and annotations: ``mox.moxHub``, ``mox.RECT``.
+Values: Boolean is bool, Date is ``mox.Date`` (a float of days with ``.datetime``; datetimes are taken too), arrays are lists, of
+Byte bytes, with ``.lower`` where they do not begin at 0 (``mox.Array``, ``mox.ByteArray``), Currency and Decimal are
+``decimal.Decimal``, Nothing and empty variants are None, results of an enum's type are its values. Enums are in ``mox.enums``,
+and their values here: ``mox.suINCH``. So are the Python classes of objects and records, for ``isinstance`` and annotations:
+``mox.moxHub``, ``mox.RECT``.
 
 Failures raise ``mox.Error`` with the run-time error number as Visual Basic clients see it:
 
@@ -38,9 +39,9 @@ Failures raise ``mox.Error`` with the run-time error number as Visual Basic clie
     Traceback (most recent call last):
     mox._errors.Error: error 448: Named argument not found: MinMax has no argument Least (argument Least)
 
-A name that is no member is error 438, which is an AttributeError as well; so is setting what cannot be set. A value that cannot be passed is
-error 13 and a TypeError. An object belongs to the thread that created it; on another one its members raise an error with ``hresult``
-0x8001010E.
+A name that is no member is error 438, which is an AttributeError as well; so is setting what cannot be set. A value that cannot
+be passed is error 13 and a TypeError. An object belongs to the thread that created it; on another one its members raise an error
+with ``hresult`` 0x8001010E.
 
     >>> timer = mox.create("moxTimer")
     >>> connection = mox.connect(timer, {"Timer": lambda events, milliseconds: print(events)})
@@ -50,12 +51,12 @@ error 13 and a TypeError. An object belongs to the thread that created it; on an
     2
     >>> connection.disconnect()
 
-For tests there are ``mox.machine(memory=True)``, ``mox.operations`` and ``mox.handles()``. ``python3 -m mox`` browses the library and evaluates
-expressions; with ``MOX_TRACE=dispatch`` in the environment every call is printed.
+For tests there are ``mox.machine(memory=True)``, ``mox.operations`` and ``mox.handles()``. ``python3 -m mox`` browses the library
+and evaluates expressions; with ``MOX_TRACE=dispatch`` in the environment every call is printed.
 
-The libraries are looked for in the folders of ``MOX_LIBRARY_PATH``, in ``build/lib`` of the checkout that this package lies in, on the system's
-library path and beside the package.
-'''
+The libraries are looked for in the folders of ``MOX_LIBRARY_PATH``, in ``build/lib`` of the checkout that this package lies in,
+on the system's library path and beside the package.
+"""
 from . import _objects, _records, _typelib, enums
 from ._errors import Error
 from ._events import Connection, connect
@@ -66,10 +67,41 @@ from ._values import Array, ByRef, ByteArray, Date
 
 __version__ = "8.10.0"
 
-__all__ = ["Array", "ByRef", "ByteArray", "Connection", "Date", "Error", "Object", "Record", "connect", "create", "doctor", "enums", "handles",
-           "machine", "operations", "pump"]
+__all__ = [
+    "Array",
+    "ByRef",
+    "ByteArray",
+    "Connection",
+    "Date",
+    "Error",
+    "Object",
+    "Record",
+    "connect",
+    "create",
+    "doctor",
+    "enums",
+    "handles",
+    "machine",
+    "operations",
+    "pump",
+]
 
-for _public in (Array, ByRef, ByteArray, Connection, Date, Error, Object, Record, connect, create, doctor, handles, machine, pump):
+for _public in (
+    Array,
+    ByRef,
+    ByteArray,
+    Connection,
+    Date,
+    Error,
+    Object,
+    Record,
+    connect,
+    create,
+    doctor,
+    handles,
+    machine,
+    pump,
+):
     _public.__module__ = "mox"
 del _public
 

@@ -1,7 +1,7 @@
 """The library on the command line.
 
   python3 -m mox browse [NAME]      what the library has: all classes, or one class, record or enum with its members
-  python3 -m mox call EXPRESSION    evaluates a Python expression, in which classes, enum values and the names of the package are known
+  python3 -m mox call EXPRESSION    evaluates a Python expression; it may name classes, enum values and what the package has
   python3 -m mox doctor             what stands behind each service of this machine
 """
 import argparse
@@ -15,7 +15,8 @@ from . import _describe, _typelib
 
 
 class _Names(dict):
-    """The names of an expression, beside the built-in ones: those of the package, enum values, enums; a class is a new object of it."""
+    """The names of an expression, beside the built-in ones: those of the package, enum values, enums; a class is a new object of
+    it."""
 
     def __missing__(self, name):
         entry = _typelib.find_type(name)
@@ -48,7 +49,9 @@ def browse(name):
     if entry.is_class:
         _print_class(entry)
     elif entry.is_enum:
-        _print_items(f"Enum {entry.name}", entry.help, [(f"{value.name} = {value.number}", value.help) for value in entry.content])
+        _print_items(
+            f"Enum {entry.name}", entry.help, [(f"{value.name} = {value.number}", value.help) for value in entry.content]
+        )
     elif entry.is_record:
         _print_items(f"Record {entry.name}", entry.help, [(_field(field), field.help) for field in entry.content])
     else:
@@ -67,7 +70,9 @@ def _print_class(entry):
     interface, events = entry.content
     _print_items(f"Class {entry.name}" + (", creatable" if entry.can_create else ""), entry.help, _members(interface))
     if events is not None:
-        _print_items("Events", None, [(_describe.visual_basic(event).replace("Sub ", "Event ", 1), event.help) for event in events.content])
+        _print_items(
+            "Events", None, [(_describe.visual_basic(event).replace("Sub ", "Event ", 1), event.help) for event in events.content]
+        )
     used = {argument.type.entry for function in interface.content for argument in [*function.arguments, _Result(function)]}
     for enum in sorted((entry for entry in used if entry is not None and entry.is_enum), key=lambda entry: entry.name):
         _print_items(f"Enum {enum.name}", enum.help, [(f"{value.name} = {value.number}", value.help) for value in enum.content])
@@ -102,7 +107,9 @@ def _print_items(title, help, items):
 
 
 def main(arguments=None):
-    parser = argparse.ArgumentParser(prog="python3 -m mox", description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser = argparse.ArgumentParser(
+        prog="python3 -m mox", description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter
+    )
     commands = parser.add_subparsers(dest="command", required=True, metavar="COMMAND")
     commands.add_parser("browse", help="show the library").add_argument("name", nargs="?", help="a class, record or enum")
     commands.add_parser("call", help="evaluate an expression").add_argument("expression")

@@ -7,10 +7,39 @@ import struct
 import uuid
 from ctypes import POINTER, Structure, Union, c_double, c_float, c_int, c_longlong, c_short, c_ubyte, c_uint, c_ushort, c_void_p
 
-VT_EMPTY, VT_NULL, VT_I2, VT_I4, VT_R4, VT_R8, VT_CY, VT_DATE, VT_BSTR, VT_DISPATCH, VT_ERROR, VT_BOOL, VT_VARIANT, VT_UNKNOWN, \
-    VT_DECIMAL = range(15)
-VT_I1, VT_UI1, VT_UI2, VT_UI4, VT_I8, VT_UI8, VT_INT, VT_UINT, VT_VOID, VT_HRESULT, VT_PTR, VT_SAFEARRAY, VT_CARRAY, \
-    VT_USERDEFINED = range(16, 30)
+(
+    VT_EMPTY,
+    VT_NULL,
+    VT_I2,
+    VT_I4,
+    VT_R4,
+    VT_R8,
+    VT_CY,
+    VT_DATE,
+    VT_BSTR,
+    VT_DISPATCH,
+    VT_ERROR,
+    VT_BOOL,
+    VT_VARIANT,
+    VT_UNKNOWN,
+    VT_DECIMAL,
+) = range(15)
+(
+    VT_I1,
+    VT_UI1,
+    VT_UI2,
+    VT_UI4,
+    VT_I8,
+    VT_UI8,
+    VT_INT,
+    VT_UINT,
+    VT_VOID,
+    VT_HRESULT,
+    VT_PTR,
+    VT_SAFEARRAY,
+    VT_CARRAY,
+    VT_USERDEFINED,
+) = range(16, 30)
 VT_RECORD = 36
 VT_ARRAY = 0x2000
 VT_BYREF = 0x4000
@@ -75,8 +104,15 @@ class _RecordValue(Structure):
 
 class _Value(Union):
     _fields_ = [
-        ("llVal", c_longlong), ("lVal", c_int), ("iVal", c_short), ("bVal", c_ubyte), ("fltVal", c_float), ("dblVal", c_double),
-        ("ulVal", c_uint), ("ptr", c_void_p), ("record", _RecordValue),
+        ("llVal", c_longlong),
+        ("lVal", c_int),
+        ("iVal", c_short),
+        ("bVal", c_ubyte),
+        ("fltVal", c_float),
+        ("dblVal", c_double),
+        ("ulVal", c_uint),
+        ("ptr", c_void_p),
+        ("record", _RecordValue),
     ]
 
 
@@ -97,8 +133,15 @@ class DISPPARAMS(Structure):
 
 class EXCEPINFO(Structure):
     _fields_ = [
-        ("wCode", c_ushort), ("wReserved", c_ushort), ("bstrSource", c_void_p), ("bstrDescription", c_void_p), ("bstrHelpFile", c_void_p),
-        ("dwHelpContext", c_uint), ("pvReserved", c_void_p), ("pfnDeferredFillIn", c_void_p), ("scode", c_int),
+        ("wCode", c_ushort),
+        ("wReserved", c_ushort),
+        ("bstrSource", c_void_p),
+        ("bstrDescription", c_void_p),
+        ("bstrHelpFile", c_void_p),
+        ("dwHelpContext", c_uint),
+        ("pvReserved", c_void_p),
+        ("pfnDeferredFillIn", c_void_p),
+        ("scode", c_int),
     ]
 
 
@@ -108,7 +151,11 @@ class SAFEARRAYBOUND(Structure):
 
 class SAFEARRAY(Structure):
     _fields_ = [
-        ("cDims", c_ushort), ("fFeatures", c_ushort), ("cbElements", c_uint), ("cLocks", c_uint), ("pvData", c_void_p),
+        ("cDims", c_ushort),
+        ("fFeatures", c_ushort),
+        ("cbElements", c_uint),
+        ("cLocks", c_uint),
+        ("pvData", c_void_p),
         ("rgsabound", SAFEARRAYBOUND * 1),
     ]
 
@@ -139,19 +186,42 @@ class ELEMDESC(Structure):
 
 class TYPEATTR(Structure):
     _fields_ = [
-        ("guid", GUID), ("lcid", c_uint), ("dwReserved", c_uint), ("memidConstructor", c_int), ("memidDestructor", c_int),
-        ("lpstrSchema", c_void_p), ("cbSizeInstance", c_uint), ("typekind", c_int), ("cFuncs", c_ushort), ("cVars", c_ushort),
-        ("cImplTypes", c_ushort), ("cbSizeVft", c_ushort), ("cbAlignment", c_ushort), ("wTypeFlags", c_ushort),
-        ("wMajorVerNum", c_ushort), ("wMinorVerNum", c_ushort), ("tdescAlias", TYPEDESC), ("dwIdlReserved", c_void_p),
+        ("guid", GUID),
+        ("lcid", c_uint),
+        ("dwReserved", c_uint),
+        ("memidConstructor", c_int),
+        ("memidDestructor", c_int),
+        ("lpstrSchema", c_void_p),
+        ("cbSizeInstance", c_uint),
+        ("typekind", c_int),
+        ("cFuncs", c_ushort),
+        ("cVars", c_ushort),
+        ("cImplTypes", c_ushort),
+        ("cbSizeVft", c_ushort),
+        ("cbAlignment", c_ushort),
+        ("wTypeFlags", c_ushort),
+        ("wMajorVerNum", c_ushort),
+        ("wMinorVerNum", c_ushort),
+        ("tdescAlias", TYPEDESC),
+        ("dwIdlReserved", c_void_p),
         ("wIDLFlags", c_ushort),
     ]
 
 
 class FUNCDESC(Structure):
     _fields_ = [
-        ("memid", c_int), ("lprgscode", c_void_p), ("lprgelemdescParam", POINTER(ELEMDESC)), ("funckind", c_int), ("invkind", c_int),
-        ("callconv", c_int), ("cParams", c_short), ("cParamsOpt", c_short), ("oVft", c_short), ("cScodes", c_short),
-        ("elemdescFunc", ELEMDESC), ("wFuncFlags", c_ushort),
+        ("memid", c_int),
+        ("lprgscode", c_void_p),
+        ("lprgelemdescParam", POINTER(ELEMDESC)),
+        ("funckind", c_int),
+        ("invkind", c_int),
+        ("callconv", c_int),
+        ("cParams", c_short),
+        ("cParamsOpt", c_short),
+        ("oVft", c_short),
+        ("cScodes", c_short),
+        ("elemdescFunc", ELEMDESC),
+        ("wFuncFlags", c_ushort),
     ]
 
 
@@ -162,14 +232,22 @@ class _VariableValue(Union):
 class VARDESC(Structure):
     _anonymous_ = ("content",)
     _fields_ = [
-        ("memid", c_int), ("lpstrSchema", c_void_p), ("content", _VariableValue), ("elemdescVar", ELEMDESC), ("wVarFlags", c_ushort),
+        ("memid", c_int),
+        ("lpstrSchema", c_void_p),
+        ("content", _VariableValue),
+        ("elemdescVar", ELEMDESC),
+        ("wVarFlags", c_ushort),
         ("varkind", c_int),
     ]
 
 
 class TLIBATTR(Structure):
     _fields_ = [
-        ("guid", GUID), ("lcid", c_uint), ("syskind", c_int), ("wMajorVerNum", c_ushort), ("wMinorVerNum", c_ushort),
+        ("guid", GUID),
+        ("lcid", c_uint),
+        ("syskind", c_int),
+        ("wMajorVerNum", c_ushort),
+        ("wMinorVerNum", c_ushort),
         ("wLibFlags", c_ushort),
     ]
 
@@ -186,10 +264,10 @@ class Slot:
 
     def of(self, pointer):
         """The function itself, for calls that have to be quick."""
-        table = c_void_p.from_address(pointer).value
-        function = self.known.get(table)
+        address = c_void_p.from_address(c_void_p.from_address(pointer).value + self.offset).value
+        function = self.known.get(address)
         if function is None:
-            function = self.known[table] = self.prototype(c_void_p.from_address(table + self.offset).value)
+            function = self.known[address] = self.prototype(address)
         return function
 
     def __call__(self, pointer, *arguments):
@@ -203,11 +281,17 @@ add_ref = Slot(1, restype=c_uint)
 release = Slot(2, restype=c_uint)
 
 
-class Dispatch:
-    """The functions of IDispatch. Invoke, which takes the most time, is called by the objects themselves."""
+class DispatchTable(Structure):
+    """The functions of IDispatch by their addresses."""
 
+    _fields_ = [
+        (name, c_void_p)
+        for name in ("QueryInterface", "AddRef", "Release", "GetTypeInfoCount", "GetTypeInfo", "GetIDsOfNames", "Invoke")
+    ]
+
+
+class Dispatch:
     GetTypeInfo = Slot(4, c_uint, c_uint, _pointer)
-    INVOKE_OFFSET = 6 * ctypes.sizeof(c_void_p)
 
 
 class ErrorInfo:

@@ -1,14 +1,33 @@
 """Calls through IDispatch::Invoke.
 
-A call fills a frame, memory that is laid out once and then used again: the arguments as variants, what Invoke wants to know of them, the place
-of the result. Frames wait in a list, so a call that is made inside another one, or on another thread, has a frame of its own.
+A call fills a frame, memory that is laid out once and then used again: the arguments as variants, what Invoke wants to know of
+them, the place of the result. Frames wait in a list, so a call that is made inside another one, or on another thread, has a frame
+of its own.
 """
 import ctypes
 from ctypes import byref, c_char, c_void_p
 
 from . import _abi
-from ._abi import (DISPATCH_PUT, DISPATCH_PUTREF, DISPPARAMS, EXCEPINFO, IID_NULL, VARIANT, VARIANT_SIZE, VT_ARRAY, VT_BOOL, VT_BSTR, VT_BYREF,
-                   VT_DISPATCH, VT_EMPTY, VT_ERROR, VT_I4, VT_R8, VT_RECORD, VT_VARIANT)
+from ._abi import (
+    DISPATCH_PUT,
+    DISPATCH_PUTREF,
+    DISPPARAMS,
+    EXCEPINFO,
+    IID_NULL,
+    VARIANT,
+    VARIANT_SIZE,
+    VT_ARRAY,
+    VT_BOOL,
+    VT_BSTR,
+    VT_BYREF,
+    VT_DISPATCH,
+    VT_EMPTY,
+    VT_ERROR,
+    VT_I4,
+    VT_R8,
+    VT_RECORD,
+    VT_VARIANT,
+)
 from ._errors import Error, error_of
 from ._platform import platform, take_text
 from ._typelib import ANY
@@ -42,8 +61,21 @@ _OWNS_NOTHING = {VT_EMPTY, VT_I4, VT_R8, VT_BOOL, VT_ERROR}
 class Frame:
     """Memory for one call. Between calls its variants are empty and no error is noted in it."""
 
-    __slots__ = ("longs", "quads", "doubles", "variants", "holders", "result", "no_arguments", "arguments", "put", "results", "exceptions",
-                 "exception", "bad")
+    __slots__ = (
+        "longs",
+        "quads",
+        "doubles",
+        "variants",
+        "holders",
+        "result",
+        "no_arguments",
+        "arguments",
+        "put",
+        "results",
+        "exceptions",
+        "exception",
+        "bad",
+    )
 
     def __init__(self):
         memory = bytearray(8 * _SIZE)
@@ -119,7 +151,8 @@ def getter(function):
 
 
 def caller(function, exists=True):
-    """Calls a method, or reads a property with arguments. One that does not exist is called all the same, for the object's own answer."""
+    """Calls a method, or reads a property with arguments. One that does not exist is called all the same, for the object's own
+    answer."""
     id, flags, result_type = function.id, function.kind, function.result
     long_result = result_type.vt == VT_I4 and result_type.entry is None
     # A property without arguments that gives an object takes those of the object's default member.
@@ -172,7 +205,9 @@ def putter(put, putref):
             frame = Frame()
         owned = _fill(function, frame, frame.quads, frame.longs, arguments, count)
         frame.longs[_PUT_COUNT] = count
-        status = self._invoke(self._this, function.id, _iid_null, 0, function.kind, frame.put, frame.results, frame.exceptions, frame.bad)
+        status = self._invoke(
+            self._this, function.id, _iid_null, 0, function.kind, frame.put, frame.results, frame.exceptions, frame.bad
+        )
         if status < 0 or owned == _REFERENCES:
             _settle(function, frame, count, status, arguments, owned)
             return
@@ -218,12 +253,16 @@ def _fill(function, frame, quads, longs, arguments, count):
 
 
 def _too_many(function, count):
-    return error_of(_abi.DISP_E_BADPARAMCOUNT, f"Wrong number of arguments or invalid property assignment: {function.name} takes at most "
-                                               f"{len(function.arguments)}, not {count}")
+    return error_of(
+        _abi.DISP_E_BADPARAMCOUNT,
+        f"Wrong number of arguments or invalid property assignment: {function.name} takes at most "
+        f"{len(function.arguments)}, not {count}",
+    )
 
 
 def _type_at(function, count, slot):
-    """The declared type of the argument in a slot, counted from the last argument; the value of a property is its last one in any case."""
+    """The declared type of the argument in a slot, counted from the last argument; the value of a property is its last one in any
+    case."""
     declared = function.arguments
     if slot == 0 and function.kind in (DISPATCH_PUT, DISPATCH_PUTREF):
         return declared[-1] if declared else None
@@ -346,7 +385,9 @@ def _failure(function, frame, count, status):
     argument = None
     if status == _abi.DISP_E_PARAMNOTOPTIONAL:
         given = {count - 1 - slot for slot in range(count) if frame.variants[slot].vt != VT_ERROR}
-        argument = next((declared for index, declared in enumerate(function.arguments) if not declared.optional and index not in given), None)
+        argument = next(
+            (declared for index, declared in enumerate(function.arguments) if not declared.optional and index not in given), None
+        )
     elif 0 <= bad < count:
         argument = _type_at(function, count, bad)
     description = None

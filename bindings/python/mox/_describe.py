@@ -1,16 +1,56 @@
 """Members in words: as a Visual Basic declaration, and as a Python signature."""
 import inspect
 
-from ._abi import (DISPATCH_GET, DISPATCH_METHOD, DISPATCH_PUT, VT_BOOL, VT_BSTR, VT_CY, VT_DATE, VT_DECIMAL, VT_DISPATCH, VT_I2, VT_I4, VT_R4,
-                   VT_R8, VT_UI1, VT_UNKNOWN, VT_VARIANT, VT_VOID)
+from ._abi import (
+    DISPATCH_GET,
+    DISPATCH_METHOD,
+    DISPATCH_PUT,
+    VT_BOOL,
+    VT_BSTR,
+    VT_CY,
+    VT_DATE,
+    VT_DECIMAL,
+    VT_DISPATCH,
+    VT_I2,
+    VT_I4,
+    VT_R4,
+    VT_R8,
+    VT_UI1,
+    VT_UNKNOWN,
+    VT_VARIANT,
+    VT_VOID,
+)
 
 _BASIC = {
-    VT_I4: "Long", VT_I2: "Integer", VT_UI1: "Byte", VT_R4: "Single", VT_R8: "Double", VT_BOOL: "Boolean", VT_BSTR: "String", VT_DATE: "Date",
-    VT_CY: "Currency", VT_DECIMAL: "Decimal", VT_VARIANT: "Variant", VT_DISPATCH: "Object", VT_UNKNOWN: "Unknown",
+    VT_I4: "Long",
+    VT_I2: "Integer",
+    VT_UI1: "Byte",
+    VT_R4: "Single",
+    VT_R8: "Double",
+    VT_BOOL: "Boolean",
+    VT_BSTR: "String",
+    VT_DATE: "Date",
+    VT_CY: "Currency",
+    VT_DECIMAL: "Decimal",
+    VT_VARIANT: "Variant",
+    VT_DISPATCH: "Object",
+    VT_UNKNOWN: "Unknown",
 }
 _PYTHON = {
-    VT_I4: "int", VT_I2: "int", VT_UI1: "int", VT_R4: "float", VT_R8: "float", VT_BOOL: "bool", VT_BSTR: "str", VT_DATE: "Date",
-    VT_CY: "Decimal", VT_DECIMAL: "Decimal", VT_VARIANT: "Any", VT_DISPATCH: "Object", VT_UNKNOWN: "Object", VT_VOID: "None",
+    VT_I4: "int",
+    VT_I2: "int",
+    VT_UI1: "int",
+    VT_R4: "float",
+    VT_R8: "float",
+    VT_BOOL: "bool",
+    VT_BSTR: "str",
+    VT_DATE: "Date",
+    VT_CY: "Decimal",
+    VT_DECIMAL: "Decimal",
+    VT_VARIANT: "Any",
+    VT_DISPATCH: "Object",
+    VT_UNKNOWN: "Object",
+    VT_VOID: "None",
 }
 
 
@@ -59,7 +99,11 @@ def argument(declared):
 
 def visual_basic(function, name=None):
     """``Function MinMax(LongValue As Long, Optional MinValue As Long = -2147483647) As Long``"""
-    words = {DISPATCH_METHOD: "Sub" if function.result.vt == VT_VOID else "Function", DISPATCH_GET: "Property Get", DISPATCH_PUT: "Property Let"}
+    words = {
+        DISPATCH_METHOD: "Sub" if function.result.vt == VT_VOID else "Function",
+        DISPATCH_GET: "Property Get",
+        DISPATCH_PUT: "Property Let",
+    }
     text = f"{words.get(function.kind, 'Property Set')} {name or function.name}({', '.join(map(argument, function.arguments))})"
     if function.result.vt != VT_VOID:
         text += f" As {type_name(function.result)}{'()' if function.result.array else ''}"
@@ -77,7 +121,8 @@ class _Word:
 
 
 def signature(function, of_method=False):
-    """The signature as help() shows it, of a method with ``self``. An optional argument before a required one is shown as required."""
+    """The signature as help() shows it, of a method with ``self``. An optional argument before a required one is shown as
+    required."""
     parameters = []
     optional = True
     for declared in reversed(function.arguments):
@@ -86,7 +131,9 @@ def signature(function, of_method=False):
         if optional:
             default = _shown(declared.default) if declared.has_default else _Word("...")
         annotation = _Word(python_name(declared.type) + (" | ByRef" if declared.type.byref else ""))
-        parameters.append(inspect.Parameter(declared.name, inspect.Parameter.POSITIONAL_OR_KEYWORD, default=default, annotation=annotation))
+        parameters.append(
+            inspect.Parameter(declared.name, inspect.Parameter.POSITIONAL_OR_KEYWORD, default=default, annotation=annotation)
+        )
     if of_method:
         parameters.append(inspect.Parameter("self", inspect.Parameter.POSITIONAL_OR_KEYWORD))
     return inspect.Signature(parameters[::-1], return_annotation=_Word(python_name(function.result)))

@@ -59,9 +59,9 @@ _TEXTS = {
 class Error(Exception):
     """A failure of the library.
 
-    ``number`` is the run-time error number as a Visual Basic client sees it, such as 6 for an overflow; a failure without one has its status
-    there. ``hresult`` is the status, without sign. ``description`` and ``source`` are what the library says of it, ``argument`` is the
-    declared name of the argument that is to blame, or None.
+    ``number`` is the run-time error number as a Visual Basic client sees it, such as 6 for an overflow; a failure without one has
+    its status there. ``hresult`` is the status, without sign. ``description`` and ``source`` are what the library says of it,
+    ``argument`` is the declared name of the argument that is to blame, or None.
     """
 
     def __init__(self, number, description=None, *, hresult=None, source=None, argument=None):
@@ -121,7 +121,13 @@ def mismatch(message, argument=None):
 
 
 def check(status):
-    """Raises for a failing status, with what the thread's pending error object says."""
+    """Raises for a failing status."""
+    if status < 0:
+        raise error_of(status)
+
+
+def check_reported(status):
+    """Raises for a failing status of an operation that leaves an error object, with what that says."""
     if status >= 0:
         return
     pending = c_void_p()

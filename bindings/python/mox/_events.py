@@ -5,8 +5,25 @@ import threading
 from ctypes import CFUNCTYPE, POINTER, c_int, c_uint, c_ushort, c_void_p
 
 from . import _abi
-from ._abi import (DISPPARAMS, EXCEPINFO, GUID, IID_CONNECTION_POINT_CONTAINER, IID_IDISPATCH, IID_IUNKNOWN, VARIANT, VARIANT_SIZE, VT_ARRAY,
-                   VT_BYREF, VT_RECORD, VT_VARIANT, ConnectionPoint, ConnectionPointContainer, RecordInfo, release, signed)
+from ._abi import (
+    DISPPARAMS,
+    EXCEPINFO,
+    GUID,
+    IID_CONNECTION_POINT_CONTAINER,
+    IID_IDISPATCH,
+    IID_IUNKNOWN,
+    VARIANT,
+    VARIANT_SIZE,
+    VT_ARRAY,
+    VT_BYREF,
+    VT_RECORD,
+    VT_VARIANT,
+    ConnectionPoint,
+    ConnectionPointContainer,
+    RecordInfo,
+    release,
+    signed,
+)
 from ._errors import Error, check, error_of, mismatch
 from ._objects import Object
 from ._platform import bstr_of, interface_of, platform
@@ -138,8 +155,8 @@ def _report(error, handle, exception):
 class _Functions:
     """The functions that all sinks share, and the memory that sources see of a sink.
 
-    A sink is its table of functions, with a number before it. When the interpreter ends, the table is filled with a function of the platform that
-    only reads that number, so that a source which outlives Python calls nothing that is gone.
+    A sink is its table of functions, with a number before it. When the interpreter ends, the table is filled with a function of
+    the platform that only reads that number, so that a source which outlives Python calls nothing that is gone.
     """
 
     def __init__(self):
@@ -168,7 +185,9 @@ class _Functions:
             CFUNCTYPE(c_int, pointer, POINTER(c_uint))(_get_type_info_count),
             CFUNCTYPE(c_int, pointer, c_uint, c_uint, pointer)(lambda *_: signed(_abi.E_NOTIMPL)),
             CFUNCTYPE(c_int, pointer, pointer, pointer, c_uint, c_uint, pointer)(lambda *_: signed(_abi.E_NOTIMPL)),
-            CFUNCTYPE(c_int, pointer, c_int, pointer, c_uint, c_ushort, POINTER(DISPPARAMS), pointer, POINTER(EXCEPINFO), pointer)(_invoke),
+            CFUNCTYPE(
+                c_int, pointer, c_int, pointer, c_uint, c_ushort, POINTER(DISPPARAMS), pointer, POINTER(EXCEPINFO), pointer
+            )(_invoke),
         ]
         addresses = [ctypes.cast(callback, pointer).value for callback in self.callbacks]
         self.table = platform.CoTaskMemAlloc(len(addresses) * ctypes.sizeof(pointer))
@@ -213,8 +232,8 @@ def _invoke(this, id, iid, locale, flags, parameters, result, exception, bad):
 
 
 class Connection:
-    """A handler that is connected to the events of an object. ``disconnect()`` ends that, and so does the end of a ``with`` block; a connection
-    that is merely forgotten stays as long as its object lives."""
+    """A handler that is connected to the events of an object. ``disconnect()`` ends that, and so does the end of a ``with``
+    block; a connection that is merely forgotten stays as long as its object lives."""
 
     def __init__(self, point, cookie):
         self._point = point
@@ -243,11 +262,12 @@ class Connection:
 
 
 def connect(object, handler):
-    """Connects a handler to the events of an object: an object with methods named as the events, or a dictionary of callables by the names of
-    the events. By-reference arguments arrive as ``ByRef``; what the handler leaves in their ``value`` goes back to the source.
+    """Connects a handler to the events of an object: an object with methods named as the events, or a dictionary of callables by
+    the names of the events. By-reference arguments arrive as ``ByRef``; what the handler leaves in their ``value`` goes back to
+    the source.
 
-    An exception in a handler goes to ``sys.unraisablehook``; in ``mox.pump`` KeyboardInterrupt and SystemExit end the loop. Error 459 for an
-    object without events; ValueError if a name is no event, or if no method of the handler is named as one.
+    An exception in a handler goes to ``sys.unraisablehook``; in ``mox.pump`` KeyboardInterrupt and SystemExit end the loop. Error
+    459 for an object without events; ValueError if a name is no event, or if no method of the handler is named as one.
     """
     events = _events_of(object)
     names = {function.name for function in events.content}

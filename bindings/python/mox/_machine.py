@@ -5,7 +5,7 @@ import time
 from collections.abc import Mapping
 from ctypes import c_void_p
 
-from ._errors import check
+from ._errors import check_reported
 from ._events import waiting
 from ._platform import apartments, bstr_of, platform, take_text
 
@@ -18,7 +18,7 @@ def _control(request, **members):
     text = bstr_of(json.dumps({"do": request, **members}))
     reply = c_void_p()
     try:
-        check(platform.MoxControl(text, reply))
+        check_reported(platform.MoxControl(text, reply))
     finally:
         platform.SysFreeString(text)
     return json.loads(take_text(reply.value))
@@ -27,9 +27,9 @@ def _control(request, **members):
 def machine(**facts):
     """Says what the machine is made of, before the first object is created; an error after that.
 
-    ``home``: the folder where it keeps everything. ``memory=True``: nothing on disk but a temporary folder. ``windows``: the version that it
-    reports, ``(major, minor, build, platform, service_text, product_type, suite)`` or the beginning of that. ``codepage``: the ANSI code page by
-    its number. ``drives``: folders by drive letter.
+    ``home``: the folder where it keeps everything. ``memory=True``: nothing on disk but a temporary folder. ``windows``: the
+    version that it reports, ``(major, minor, build, platform, service_text, product_type, suite)`` or the beginning of that.
+    ``codepage``: the ANSI code page by its number. ``drives``: folders by drive letter.
     """
     for name in ("home", "drives"):
         if name in facts:
@@ -108,7 +108,7 @@ def pump(seconds=0):
     try:
         while True:
             left = max(end - time.monotonic(), 0)
-            check(platform.MoxPump(round(min(left, _SLICE) * 1000)))
+            check_reported(platform.MoxPump(round(min(left, _SLICE) * 1000)))
             if waiting.interrupt is not None:
                 interrupt, waiting.interrupt = waiting.interrupt, None
                 raise interrupt

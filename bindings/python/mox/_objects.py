@@ -1,11 +1,26 @@
 """Objects: one Python class for each interface of the type library, made when it is first met."""
 import ctypes
-import functools
 from ctypes import byref, c_char, c_void_p
 
 from . import _abi, _describe
-from ._abi import (DISPATCH_GET, DISPATCH_METHOD, DISPATCH_PUT, DISPATCH_PUTREF, GUID, IID_ENUM_VARIANT, IID_IDISPATCH, TYPEATTR,
-                   VARIANT, VT_DISPATCH, Dispatch, EnumVariant, TypeInfo, add_ref, release)
+from ._abi import (
+    DISPATCH_GET,
+    DISPATCH_METHOD,
+    DISPATCH_PUT,
+    DISPATCH_PUTREF,
+    GUID,
+    IID_ENUM_VARIANT,
+    IID_IDISPATCH,
+    TYPEATTR,
+    VARIANT,
+    VT_DISPATCH,
+    Dispatch,
+    DispatchTable,
+    EnumVariant,
+    TypeInfo,
+    add_ref,
+    release,
+)
 from ._call import caller, getter, putter
 from ._errors import MemberError, check, error_of
 from ._platform import CLSCTX_INPROC_SERVER, apartments, identity_of, interface_of, platform, utf16
@@ -14,16 +29,18 @@ from ._variant import add_writer, clear, makers, read_variant, write_object
 
 _INVOKE = ctypes.CFUNCTYPE(ctypes.c_int)
 
-#: Invoke and Release by the address of an object's table of functions.
-_tables = {}
+#: Invoke and Release by their addresses. Not by that of the table, which another object may have when this one is gone.
+_known_functions = {}
 
 
 def _functions_of(pointer):
-    """IDispatch::Invoke and Release of an object. Invoke has no declared arguments: they are prepared once and need no look at each call."""
-    table = c_void_p.from_address(pointer).value
-    functions = _tables.get(table)
+    """IDispatch::Invoke and Release of an object. Invoke has no declared arguments: they are prepared once and need no look at
+    each call."""
+    table = DispatchTable.from_address(c_void_p.from_address(pointer).value)
+    addresses = table.Invoke, table.Release
+    functions = _known_functions.get(addresses)
     if functions is None:
-        functions = _tables[table] = _INVOKE(c_void_p.from_address(table + Dispatch.INVOKE_OFFSET).value), release.of(pointer)
+        functions = _known_functions[addresses] = _INVOKE(addresses[0]), release.of(pointer)
     return functions
 
 
@@ -76,7 +93,8 @@ class Member:
 
 
 def _absent(function, kind):
-    """A use that the member does not have. The object is asked all the same, so that the error is the one that any client gets."""
+    """A use that the member does not have. The object is asked all the same, so that the error is the one that any client
+    gets."""
     return Function(function.name, function.help, function.id, kind, function.hidden, [], ANY)
 
 
@@ -131,8 +149,8 @@ def _indexes(index):
 
 
 class Object:
-    """An object of the library. Its members are attributes: properties are read and set, methods called, names being case-blind. Objects are
-    equal if they are the same one."""
+    """An object of the library. Its members are attributes: properties are read and set, methods called, names being case-blind.
+    Objects are equal if they are the same one."""
 
     __slots__ = ("_pointer", "_this", "_invoke", "_release", "_identity", "__weakref__")
 
@@ -193,7 +211,8 @@ class Object:
 
 
 _set_pointer, _set_this, _set_invoke, _set_release, _set_identity = (
-    Object.__dict__[name].__set__ for name in ("_pointer", "_this", "_invoke", "_release", "_identity"))
+    Object.__dict__[name].__set__ for name in ("_pointer", "_this", "_invoke", "_release", "_identity")
+)
 _new = object.__new__
 
 
@@ -256,11 +275,16 @@ _Unknown.__name__ = _Unknown.__qualname__ = "IUnknown"
 _Unknown.__module__ = "mox"
 
 
-@functools.lru_cache(None)
+#: The Python classes by their interfaces. Two threads may make one at once; the first is kept.
+_classes = {None: _Unknown}
+
+
 def class_of(entry):
     """The Python class for an interface. It has the name of the class whose default interface that is."""
-    if entry is None:
-        return _Unknown
+    return _classes.get(entry) or _classes.setdefault(entry, _make_class(entry))
+
+
+def _make_class(entry):
     owner = entry.library.class_of(entry)
     named = owner or entry
     groups = {}
@@ -268,7 +292,11 @@ def class_of(entry):
         groups.setdefault(function.name, []).append(function)
     members = {name: Member(named.name, functions) for name, functions in groups.items()}
     namespace = {
-        "__slots__": (), "__module__": "mox", "__doc__": named.help, "_entry": named, "_members": members,
+        "__slots__": (),
+        "__module__": "mox",
+        "__doc__": named.help,
+        "_entry": named,
+        "_members": members,
         "_lower": {name.lower(): member for name, member in members.items()},
     }
     for member in members.values():
@@ -314,8 +342,8 @@ def _iterator(member):
 
 
 def create(name):
-    """A new object of a class: by its name, ``"moxHub"``, its ProgID, ``"TRL_OBKR_MOX.moxHub"``, or its class identifier in text form. Error
-    429 if there is no such class, or if its objects come from other objects only."""
+    """A new object of a class: by its name, ``"moxHub"``, its ProgID, ``"TRL_OBKR_MOX.moxHub"``, or its class identifier in text
+    form. Error 429 if there is no such class, or if its objects come from other objects only."""
     apartments.enter()
     identifier = _class_identifier(name)
     result = c_void_p()

@@ -140,12 +140,10 @@ def interface_of(pointer, iid):
 
 
 def identity_of(pointer):
-    """The number that names an object: the address of its IUnknown. An object of another thread keeps silent about it; then the address of
-    the interface at hand, which is the same for the library's own objects."""
+    """The number that names an object: the address of its IUnknown. An object of another thread keeps silent about it; then the
+    address of the interface at hand, which is the same for the library's own objects."""
     unknown, _ = interface_of(pointer, IID_IUNKNOWN)
     if unknown is None:
         return pointer
     release(unknown)
     return unknown
-
-

@@ -2,7 +2,19 @@
 from ctypes import c_void_p
 
 from . import _abi
-from ._abi import (DISPATCH_PUT, DISPATCH_PUTREF, GUID, VARIANT, VT_BYREF, VT_DISPATCH, VT_RECORD, VT_VARIANT, RecordInfo, add_ref, release)
+from ._abi import (
+    DISPATCH_PUT,
+    DISPATCH_PUTREF,
+    GUID,
+    VARIANT,
+    VT_BYREF,
+    VT_DISPATCH,
+    VT_RECORD,
+    VT_VARIANT,
+    RecordInfo,
+    add_ref,
+    release,
+)
 from ._errors import Error, MemberError, check, error_of
 from ._platform import platform, utf16
 from ._typelib import entry_of, find_type
@@ -12,16 +24,20 @@ from ._variant import add_writer, clear, makers, read, read_array, write
 def record_info(entry):
     """The record information of a type, with a reference."""
     library, info = entry.library, c_void_p()
-    check(platform.GetRecordInfoFromGuids(GUID.from_buffer_copy(library.guid), *library.version, library.lcid,
-                                          GUID.from_buffer_copy(entry.guid), info))
+    check(
+        platform.GetRecordInfoFromGuids(
+            GUID.from_buffer_copy(library.guid), *library.version, library.lcid, GUID.from_buffer_copy(entry.guid), info
+        )
+    )
     return info.value
 
 
 class Record:
-    """A record of the type library, by its name: ``Record("RECT", Left=1, Right=10)``. Fields that are not given are zero or empty.
+    """A record of the type library, by its name: ``Record("RECT", Left=1, Right=10)``. Fields that are not given are zero or
+    empty.
 
-    Its fields are attributes. Records are equal if they are of the same type and all their fields are. Where a member takes a record, it gets
-    this one and changes it in place.
+    Its fields are attributes. Records are equal if they are of the same type and all their fields are. Where a member takes a
+    record, it gets this one and changes it in place.
     """
 
     __slots__ = ("_memory", "_info", "_owner", "__weakref__")
@@ -92,7 +108,8 @@ _set_memory, _set_info, _set_owner = (Record.__dict__[name].__set__ for name in 
 
 
 def _adopt(cls, memory, info, owner=None):
-    """A record object over memory of its own, or over a part of another record's, that it keeps alive. Takes the reference to ``info``."""
+    """A record object over memory of its own, or over a part of another record's, that it keeps alive. Takes the reference to
+    ``info``."""
     record = object.__new__(cls)
     _set_memory(record, memory)
     _set_info(record, info)
@@ -113,10 +130,14 @@ def record_class(entry):
     if known is None:
         info = record_info(entry)
         namespace = {
-            "__slots__": (), "__doc__": entry.help, "__module__": "mox", "_entry": entry,
+            "__slots__": (),
+            "__doc__": entry.help,
+            "__module__": "mox",
+            "_entry": entry,
             "_fields": tuple(field.name for field in entry.content),
             # Bound here, so that the end of a record needs nothing that the end of the interpreter may have taken away.
-            "_destroy": staticmethod(RecordInfo.RecordDestroy.of(info)), "_release": staticmethod(release.of(info)),
+            "_destroy": staticmethod(RecordInfo.RecordDestroy.of(info)),
+            "_release": staticmethod(release.of(info)),
         }
         release(info)
         namespace.update((field.name, _property(field)) for field in entry.content)

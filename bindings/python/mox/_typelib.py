@@ -8,8 +8,24 @@ from contextlib import contextmanager
 from ctypes import POINTER, c_int, c_uint, c_void_p
 
 from . import _abi
-from ._abi import (FUNCDESC, GUID, TLIBATTR, TYPEATTR, VARDESC, VT_DISPATCH, VT_I4, VT_PTR, VT_RECORD, VT_SAFEARRAY, VT_UNKNOWN, VT_USERDEFINED,
-                   VT_VARIANT, TypeInfo, TypeLib, release)
+from ._abi import (
+    FUNCDESC,
+    GUID,
+    TLIBATTR,
+    TYPEATTR,
+    VARDESC,
+    VT_DISPATCH,
+    VT_I4,
+    VT_PTR,
+    VT_RECORD,
+    VT_SAFEARRAY,
+    VT_UNKNOWN,
+    VT_USERDEFINED,
+    VT_VARIANT,
+    TypeInfo,
+    TypeLib,
+    release,
+)
 from ._errors import check, error_of
 from ._platform import CLSCTX_INPROC_SERVER, apartments, platform, take_text
 
@@ -21,8 +37,8 @@ _guard = threading.RLock()
 
 
 class Type:
-    """The type of an argument, a result or a field. ``vt`` is the type of the value, or of the elements of an array: enums have VT_I4, objects
-    VT_DISPATCH, records VT_RECORD. ``entry`` is the named type behind it, if there is one."""
+    """The type of an argument, a result or a field. ``vt`` is the type of the value, or of the elements of an array: enums have
+    VT_I4, objects VT_DISPATCH, records VT_RECORD. ``entry`` is the named type behind it, if there is one."""
 
     __slots__ = ("vt", "array", "byref", "entry")
 
@@ -63,8 +79,8 @@ class Argument:
 
 
 class Function:
-    """One way to call a member: a method, or the Get, Let or Set of a property. ``kind`` has the flag for Invoke, ``places`` the position of each
-    argument by its name, as it is declared and in lower case."""
+    """One way to call a member: a method, or the Get, Let or Set of a property. ``kind`` has the flag for Invoke, ``places`` the
+    position of each argument by its name, as it is declared and in lower case."""
 
     __slots__ = ("name", "help", "id", "kind", "hidden", "arguments", "result", "places")
 
@@ -147,7 +163,8 @@ class Entry:
 
     @property
     def content(self):
-        """Values of an enum, fields of a record, functions of an interface; of a class its default interface and its events or None."""
+        """Values of an enum, fields of a record, functions of an interface; of a class its default interface and its events or
+        None."""
         if self._content is None:
             with _guard, self.library.type_info(self.index) as info:
                 if self._content is None:
@@ -201,8 +218,15 @@ class Entry:
                 if flags & _abi.PARAMFLAG_HASDEFAULT:
                     default = _constant(element.paramdesc.pparamdescex.contents.varDefaultValue)
                 arguments.append(Argument(names[i], _type_of(info, element.tdesc), flags, default))
-            return Function(name, help, function.memid, function.invkind, bool(function.wFuncFlags & _abi.FUNCFLAG_HIDDEN), arguments,
-                            _type_of(info, function.elemdescFunc.tdesc))
+            return Function(
+                name,
+                help,
+                function.memid,
+                function.invkind,
+                bool(function.wFuncFlags & _abi.FUNCFLAG_HIDDEN),
+                arguments,
+                _type_of(info, function.elemdescFunc.tdesc),
+            )
         finally:
             TypeInfo.ReleaseFuncDesc(info, place)
 
@@ -218,6 +242,7 @@ def _names_of(info, id, count):
 def _constant(variant):
     """The value of a default. None stands for Nothing and for an empty variant."""
     from ._variant import read_variant
+
     return read_variant(variant, ANY)
 
 
@@ -332,8 +357,8 @@ def _open_server():
 
 
 def _library_at(pointer):
-    """The library behind a pointer, which is taken over. One that is not the server's belongs to the platform, which stays loaded anyway: its
-    pointer is kept."""
+    """The library behind a pointer, which is taken over. One that is not the server's belongs to the platform, which stays loaded
+    anyway: its pointer is kept."""
     with _guard:
         known = _libraries.get(_identity(pointer)[0])
         if known is not None:
@@ -371,7 +396,8 @@ def libraries():
 
 
 def find_type(name):
-    """The type of that name, without regard to case, in the server's library or in one that it refers to; None if there is none."""
+    """The type of that name, without regard to case, in the server's library or in one that it refers to; None if there is
+    none."""
     return library().named(name) or next((entry for found in libraries() if (entry := found.named(name))), None)
 
 

@@ -9,8 +9,8 @@ _MICROSECONDS = 86_400_000_000
 class Date(float):
     """A date as Automation has it: days since 30 December 1899, the fraction being the time of day, also before that day.
 
-    ``Date(45000.5)`` takes days, ``Date(datetime)`` a point in time; one with a time zone is brought to local time. A result of type Date is
-    such a number, and ``.datetime`` turns it into a naive local time.
+    ``Date(45000.5)`` takes days, ``Date(datetime)`` a point in time; one with a time zone is brought to local time. A result of
+    type Date is such a number, and ``.datetime`` turns it into a naive local time.
 
     >>> Date(datetime.datetime(2024, 2, 29, 18)).datetime
     datetime.datetime(2024, 2, 29, 18, 0)

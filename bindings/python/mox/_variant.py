@@ -1,7 +1,7 @@
 """Values between Python and VARIANT.
 
-``write`` fills an empty variant, which then owns what it holds; ``read`` leaves what it reads where it is. Objects, records and enums need
-their classes, so the modules of those put their part in ``makers`` when they are imported.
+``write`` fills an empty variant, which then owns what it holds; ``read`` leaves what it reads where it is. Objects, records and
+enums need their classes, so the modules of those put their part in ``makers`` when they are imported.
 """
 import array as _array
 import ctypes
@@ -13,9 +13,43 @@ import struct
 from ctypes import c_double, c_float, c_int, c_longlong, c_short, c_ubyte, c_uint, c_ushort, c_void_p
 
 from . import _abi
-from ._abi import (DECIMAL_LAYOUT, SAFEARRAY, SAFEARRAYBOUND, VALUE_OFFSET, VARIANT, VARIANT_SIZE, VT_ARRAY, VT_BOOL, VT_BSTR, VT_BYREF, VT_CY,
-                   VT_DATE, VT_DECIMAL, VT_DISPATCH, VT_EMPTY, VT_ERROR, VT_I1, VT_I2, VT_I4, VT_I8, VT_INT, VT_NULL, VT_R4, VT_R8, VT_RECORD,
-                   VT_UI1, VT_UI2, VT_UI4, VT_UI8, VT_UINT, VT_UNKNOWN, VT_VARIANT, RecordInfo, add_ref, release)
+from ._abi import (
+    DECIMAL_LAYOUT,
+    SAFEARRAY,
+    SAFEARRAYBOUND,
+    VALUE_OFFSET,
+    VARIANT,
+    VARIANT_SIZE,
+    VT_ARRAY,
+    VT_BOOL,
+    VT_BSTR,
+    VT_BYREF,
+    VT_CY,
+    VT_DATE,
+    VT_DECIMAL,
+    VT_DISPATCH,
+    VT_EMPTY,
+    VT_ERROR,
+    VT_I1,
+    VT_I2,
+    VT_I4,
+    VT_I8,
+    VT_INT,
+    VT_NULL,
+    VT_R4,
+    VT_R8,
+    VT_RECORD,
+    VT_UI1,
+    VT_UI2,
+    VT_UI4,
+    VT_UI8,
+    VT_UINT,
+    VT_UNKNOWN,
+    VT_VARIANT,
+    RecordInfo,
+    add_ref,
+    release,
+)
 from ._errors import Error, check, error_of, mismatch
 from ._platform import bstr_of, platform, text_of
 from ._typelib import ANY, Type
@@ -44,21 +78,31 @@ makers = Makers()
 # ---- from variants
 
 _PLAIN = {
-    VT_I2: c_short, VT_I4: c_int, VT_R4: c_float, VT_R8: c_double, VT_I1: ctypes.c_byte, VT_UI1: c_ubyte, VT_UI2: c_ushort, VT_UI4: c_uint,
-    VT_I8: c_longlong, VT_UI8: ctypes.c_ulonglong, VT_INT: c_int, VT_UINT: c_uint, VT_DATE: c_double, VT_CY: c_longlong, VT_BOOL: c_short,
+    VT_I2: c_short,
+    VT_I4: c_int,
+    VT_R4: c_float,
+    VT_R8: c_double,
+    VT_I1: ctypes.c_byte,
+    VT_UI1: c_ubyte,
+    VT_UI2: c_ushort,
+    VT_UI4: c_uint,
+    VT_I8: c_longlong,
+    VT_UI8: ctypes.c_ulonglong,
+    VT_INT: c_int,
+    VT_UINT: c_uint,
+    VT_DATE: c_double,
+    VT_CY: c_longlong,
+    VT_BOOL: c_short,
 }
-_MEANING = {
-    VT_DATE: Date,
-    VT_CY: lambda number: decimal.Decimal(number).scaleb(-4),
-    VT_BOOL: bool,
-}
+_MEANING = {VT_DATE: Date, VT_CY: lambda number: decimal.Decimal(number).scaleb(-4), VT_BOOL: bool}
 #: Bytes of a value; those that are not listed are pointers.
 SIZES = {vt: ctypes.sizeof(plain) for vt, plain in _PLAIN.items()}
 SIZES.update({VT_VARIANT: VARIANT_SIZE, VT_DECIMAL: 16, VT_ERROR: 4})
 
 
 def read(vt, address, type=ANY):
-    """The value of variant type ``vt`` that lies at ``address``. Records, whose memory does not tell their type, are not read here."""
+    """The value of variant type ``vt`` that lies at ``address``. Records, whose memory does not tell their type, are not read
+    here."""
     plain = _PLAIN.get(vt)
     if plain is not None:
         number = plain.from_address(address).value
@@ -161,8 +205,8 @@ def _read_elements(array, vt, first, count, type):
 
 
 def write(variant, value, type=ANY):
-    """Puts a Python value into an empty variant, the way that a call with an argument of the declared type wants it. The callee does the
-    conversion to that type, so that its errors are the ones that a client sees."""
+    """Puts a Python value into an empty variant, the way that a call with an argument of the declared type wants it. The callee
+    does the conversion to that type, so that its errors are the ones that a client sees."""
     writer = _WRITERS.get(value.__class__)
     if writer is None:
         writer = _writer_for(value)
@@ -258,10 +302,24 @@ def _refuse_byref(variant, value, type):
 
 
 _WRITERS = {
-    type(None): _write_none, bool: _write_bool, int: _write_int, float: _write_float, str: _write_text, bytes: _write_bytes,
-    bytearray: _write_bytes, memoryview: lambda variant, value, type: _write_bytes(variant, value.tobytes(), type), list: _write_list,
-    tuple: _write_list, Date: _write_date, datetime.datetime: _write_date, datetime.date: _write_date, decimal.Decimal: _write_decimal,
-    ByRef: _refuse_byref, Array: _write_list, ByteArray: _write_bytes, range: _write_list,
+    type(None): _write_none,
+    bool: _write_bool,
+    int: _write_int,
+    float: _write_float,
+    str: _write_text,
+    bytes: _write_bytes,
+    bytearray: _write_bytes,
+    memoryview: lambda variant, value, type: _write_bytes(variant, value.tobytes(), type),
+    list: _write_list,
+    tuple: _write_list,
+    Date: _write_date,
+    datetime.datetime: _write_date,
+    datetime.date: _write_date,
+    decimal.Decimal: _write_decimal,
+    ByRef: _refuse_byref,
+    Array: _write_list,
+    ByteArray: _write_bytes,
+    range: _write_list,
     _array.array: lambda variant, value, type: _write_list(variant, value.tolist(), type),
 }
 
@@ -347,6 +405,7 @@ def _write_element(data, index, value, type):
 
 def _new_record_array(values, type):
     from ._records import Record, record_info
+
     info = record_info(type.entry)
     pointer = None
     try:

@@ -43,7 +43,8 @@ def _values(of_all_libraries):
 
 
 def _value_named(name):
-    """The value of that name in whichever enum has it, or None. Other libraries are read only for names that the server's does not have."""
+    """The value of that name in whichever enum has it, or None. Other libraries are read only for names that the server's does
+    not have."""
     entry = _values(False).get(name) or _values(True).get(name)
     return None if entry is None else _class_of(entry)[name]
 

@@ -50,6 +50,14 @@ public:
         return &text_;
     }
 
+    /// Cuts the string to its first `length` characters, in place.
+    void truncate(std::size_t length) noexcept {
+        if (length < size()) {
+            reinterpret_cast<std::uint32_t*>(text_)[-1] = static_cast<std::uint32_t>(length * sizeof(char16_t));
+            text_[length] = u'\0';
+        }
+    }
+
     std::size_t size() const noexcept { return SysStringLen(text_); }
     bool empty() const noexcept { return size() == 0; }
     char16_t* data() noexcept { return text_; }

@@ -27,12 +27,12 @@ struct KnownFileSystem {
     std::uint32_t driveType;
 };
 constexpr std::array knownFileSystems{
-    KnownFileSystem{AFS_SUPER_MAGIC, platform::DRIVE_REMOTE},   KnownFileSystem{CIFS_SUPER_MAGIC, platform::DRIVE_REMOTE},
-    KnownFileSystem{CODA_SUPER_MAGIC, platform::DRIVE_REMOTE},  KnownFileSystem{FUSE_SUPER_MAGIC, platform::DRIVE_REMOTE},
-    KnownFileSystem{NCP_SUPER_MAGIC, platform::DRIVE_REMOTE},   KnownFileSystem{NFS_SUPER_MAGIC, platform::DRIVE_REMOTE},
-    KnownFileSystem{SMB_SUPER_MAGIC, platform::DRIVE_REMOTE},   KnownFileSystem{SMB2_SUPER_MAGIC, platform::DRIVE_REMOTE},
-    KnownFileSystem{V9FS_MAGIC, platform::DRIVE_REMOTE},        KnownFileSystem{ISOFS_SUPER_MAGIC, platform::DRIVE_CDROM},
-    KnownFileSystem{udfMagic, platform::DRIVE_CDROM},           KnownFileSystem{RAMFS_MAGIC, platform::DRIVE_RAMDISK},
+    KnownFileSystem{AFS_SUPER_MAGIC, platform::DRIVE_REMOTE},  KnownFileSystem{CIFS_SUPER_MAGIC, platform::DRIVE_REMOTE},
+    KnownFileSystem{CODA_SUPER_MAGIC, platform::DRIVE_REMOTE}, KnownFileSystem{FUSE_SUPER_MAGIC, platform::DRIVE_REMOTE},
+    KnownFileSystem{NCP_SUPER_MAGIC, platform::DRIVE_REMOTE},  KnownFileSystem{NFS_SUPER_MAGIC, platform::DRIVE_REMOTE},
+    KnownFileSystem{SMB_SUPER_MAGIC, platform::DRIVE_REMOTE},  KnownFileSystem{SMB2_SUPER_MAGIC, platform::DRIVE_REMOTE},
+    KnownFileSystem{V9FS_MAGIC, platform::DRIVE_REMOTE},       KnownFileSystem{ISOFS_SUPER_MAGIC, platform::DRIVE_CDROM},
+    KnownFileSystem{udfMagic, platform::DRIVE_CDROM},          KnownFileSystem{RAMFS_MAGIC, platform::DRIVE_RAMDISK},
     KnownFileSystem{TMPFS_MAGIC, platform::DRIVE_RAMDISK},
 };
 

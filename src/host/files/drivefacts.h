@@ -20,8 +20,8 @@ struct DriveSpace {
 /// The space of the disk that a folder lies on; nothing if it is no folder.
 std::optional<DriveSpace> spaceOf(const std::filesystem::path& folder);
 
-/// The kind of drive that a folder stands for by the disk that it lies on, as a `DRIVE_` constant: a network, an optical disk, a disk in memory, a
-/// removable disk, else a fixed one. `DRIVE_NO_ROOT_DIR` if the folder does not exist.
+/// The kind of drive that a folder stands for by the disk that it lies on, as a `DRIVE_` constant: a network, an optical disk, a
+/// disk in memory, a removable disk, else a fixed one. `DRIVE_NO_ROOT_DIR` if the folder does not exist.
 std::uint32_t driveTypeOf(const std::filesystem::path& folder);
 
 } // namespace mox::host

@@ -30,8 +30,7 @@ struct StoredFacts {
     std::optional<std::uint64_t> created;
 };
 
-template <class Number>
-std::optional<Number> takeHexadecimal(std::string_view& text) {
+template <class Number> std::optional<Number> takeHexadecimal(std::string_view& text) {
     constexpr std::string_view prefix = "0x";
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     if (!text.starts_with(prefix)) {
@@ -123,7 +122,8 @@ std::optional<FileFacts> readFacts(const DiskPath& path) {
     result.size = isFile ? facts.stx_size : 0;
     result.accessed = fileTime(facts.stx_atime);
     result.written = fileTime(facts.stx_mtime);
-    result.created = (facts.stx_mask & STATX_BTIME) != 0 ? fileTime(facts.stx_btime) : std::min(result.written, fileTime(facts.stx_ctime));
+    result.created =
+        (facts.stx_mask & STATX_BTIME) != 0 ? fileTime(facts.stx_btime) : std::min(result.written, fileTime(facts.stx_ctime));
 
     const StoredFacts stored = isFile || result.folder ? readStored(path.text) : StoredFacts();
     result.created = stored.created.value_or(result.created);

@@ -135,8 +135,8 @@ std::string Files::shortPath(std::string_view path) const {
         folder->text = joined(folder->text, found);
     }
     const std::vector<std::string> current = currentFolder().names;
-    const bool isRelative = path.front() != '\\' && path.front() != '/' && !path.substr(1).starts_with(':') && names.size() > current.size() &&
-                            std::equal(current.begin(), current.end(), parsed->names.begin());
+    const bool isRelative = path.front() != '\\' && path.front() != '/' && !path.substr(1).starts_with(':') &&
+                            names.size() > current.size() && std::equal(current.begin(), current.end(), parsed->names.begin());
     std::string result = isRelative ? "" : std::string{parsed->drive, ':', '\\'};
     for (std::size_t i = isRelative ? current.size() : 0; i < names.size(); ++i) {
         result += names[i];

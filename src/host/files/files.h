@@ -22,12 +22,12 @@ namespace mox::host {
 
 class FileSearch;
 
-/// Drives that stand for folders of this machine, and paths into them. Paths come in and go out as bytes of the code page, and come in up to
-/// their first NUL. Both slashes separate; a path without a drive continues the current folder. ".." ends at the root of a drive, and a name means
-/// what `findName` finds.
+/// Drives that stand for folders of this machine, and paths into them. Paths come in and go out as bytes of the code page, and
+/// come in up to their first NUL. Both slashes separate; a path without a drive continues the current folder. ".." ends at the
+/// root of a drive, and a name means what `findName` finds.
 ///
-/// `C:` is the folder `drives/C` of the mox home, with the standard folders of the system and the user, made when the drive is first used; `Z:` is the
-/// root of the disk. The configuration adds drives and may put others in the place of these.
+/// `C:` is the folder `drives/C` of the mox home, with the standard folders of the system and the user, made when the drive is
+/// first used; `Z:` is the root of the disk. The configuration adds drives and may put others in the place of these.
 class MOX_API Files {
 public:
     /// Throws `std::invalid_argument` for a drive whose name is no letter.
@@ -37,14 +37,14 @@ public:
     /// The folder behind each drive letter (upper case).
     const std::map<char, std::filesystem::path>& drives() const noexcept { return drives_; }
 
-    /// Where a path leads on disk, each name found without regard to case. A last part that does not exist is kept as written but for dots and
-    /// blanks at its end; empty if an earlier part does not exist, is no folder, or the path names no drive. A path with wildcards, and one to a file
-    /// with a separator behind it, lead nowhere.
+    /// Where a path leads on disk, each name found without regard to case. A last part that does not exist is kept as written but
+    /// for dots and blanks at its end; empty if an earlier part does not exist, is no folder, or the path names no drive. A path
+    /// with wildcards, and one to a file with a separator behind it, lead nowhere.
     std::optional<std::filesystem::path> resolve(std::string_view path) const;
     /// As `resolve`, for what cannot be a folder: a path with a separator at its end leads nowhere.
     std::optional<std::filesystem::path> resolveFile(std::string_view path) const;
-    /// The path of a file on disk on the drive whose folder lies closest to it; empty if no drive reaches it. Names that the code page does not
-    /// hold appear as short names.
+    /// The path of a file on disk on the drive whose folder lies closest to it; empty if no drive reaches it. Names that the code
+    /// page does not hold appear as short names.
     std::string toDrivePath(const std::filesystem::path& path) const;
 
     /// The folder that relative paths continue: the root of `C:` at first. False, and nothing changes, for what is no folder.
@@ -52,8 +52,9 @@ public:
     /// The folder for temporary files, `C:\Temp\`.
     std::string temporaryFolder() const;
 
-    /// Begins a search for the names that match the last part of `pattern`; null if its folder does not exist or nothing has that name. A plain name
-    /// is searched like a pattern. The root of a drive and a path with a separator at its end have no last part.
+    /// Begins a search for the names that match the last part of `pattern`; null if its folder does not exist or nothing has that
+    /// name. A plain name is searched like a pattern. The root of a drive and a path with a separator at its end have no last
+    /// part.
     std::shared_ptr<FileSearch> search(std::string_view pattern) const;
     /// True if the folder that a search for `pattern` looks into exists.
     bool hasFolderOf(std::string_view pattern) const;
@@ -61,10 +62,11 @@ public:
     /// The facts of a file or folder; nothing if it does not exist.
     std::optional<FileFacts> facts(std::string_view path) const;
     bool setAttributes(std::string_view path, std::uint32_t attributes) const;
-    /// The path of an existing file with every name in its short form, relative to the current folder if it was so; empty if the file does not exist.
+    /// The path of an existing file with every name in its short form, relative to the current folder if it was so; empty if the
+    /// file does not exist.
     std::string shortPath(std::string_view path) const;
-    /// The kind of the drive whose root a text names, also as a bare "C:", as a `DRIVE_` constant. `C:` and the root of the disk are always fixed;
-    /// `DRIVE_NO_ROOT_DIR` for another path and a drive that does not exist.
+    /// The kind of the drive whose root a text names, also as a bare "C:", as a `DRIVE_` constant. `C:` and the root of the disk
+    /// are always fixed; `DRIVE_NO_ROOT_DIR` for another path and a drive that does not exist.
     std::uint32_t driveType(std::string_view root) const;
     /// The space around an existing folder.
     std::optional<DriveSpace> space(std::string_view folder) const;

@@ -15,9 +15,9 @@
 
 namespace mox::host {
 
-/// Goes through the files of a folder whose long or short name matches a pattern: "." and ".." first, which the root of a drive does not have, then in
-/// the order of their names in upper case. The names are read once; the facts of a file are read when its turn comes, and a file that is gone
-/// by then is passed over.
+/// Goes through the files of a folder whose long or short name matches a pattern: "." and ".." first, which the root of a drive
+/// does not have, then in the order of their names in upper case. The names are read once; the facts of a file are read when its
+/// turn comes, and a file that is gone by then is passed over.
 class MOX_API FileSearch {
 public:
     /// All that matches `pattern` in `folder`.

@@ -30,12 +30,10 @@ struct SystemError {
     std::int32_t runTime;
 };
 constexpr std::array systemErrors{
-    SystemError{EBUSY, permissionDenied},   SystemError{EDQUOT, diskFull},
-    SystemError{EIO, deviceIoError},        SystemError{EMFILE, tooManyFiles},
-    SystemError{ENAMETOOLONG, badFileName}, SystemError{ENFILE, tooManyFiles},
-    SystemError{ENODEV, deviceUnavailable}, SystemError{ENOENT, pathNotFound},
-    SystemError{ENOSPC, diskFull},          SystemError{ENOTDIR, pathNotFound},
-    SystemError{ENXIO, deviceUnavailable},  SystemError{EROFS, permissionDenied},
+    SystemError{EBUSY, permissionDenied},   SystemError{EDQUOT, diskFull},          SystemError{EIO, deviceIoError},
+    SystemError{EMFILE, tooManyFiles},      SystemError{ENAMETOOLONG, badFileName}, SystemError{ENFILE, tooManyFiles},
+    SystemError{ENODEV, deviceUnavailable}, SystemError{ENOENT, pathNotFound},      SystemError{ENOSPC, diskFull},
+    SystemError{ENOTDIR, pathNotFound},     SystemError{ENXIO, deviceUnavailable},  SystemError{EROFS, permissionDenied},
     SystemError{ETXTBSY, permissionDenied},
 };
 
@@ -53,7 +51,8 @@ std::int32_t errorOfPath(const Files& files, std::string_view path) {
 }
 
 bool isFileToDelete(const platform::WIN32_FIND_DATAA& found, const DiskPath& path) {
-    constexpr std::uint32_t excluded = platform::FILE_ATTRIBUTE_DIRECTORY | platform::FILE_ATTRIBUTE_HIDDEN | platform::FILE_ATTRIBUTE_SYSTEM;
+    constexpr std::uint32_t excluded =
+        platform::FILE_ATTRIBUTE_DIRECTORY | platform::FILE_ATTRIBUTE_HIDDEN | platform::FILE_ATTRIBUTE_SYSTEM;
     return (found.dwFileAttributes & excluded) == 0 && !isFolderOnDisk(path.text);
 }
 

@@ -17,8 +17,7 @@ struct CloseFolder {
 };
 
 /// Calls `visit` with each name in a folder but "." and "..". False if the folder cannot be read.
-template <class Visit>
-bool visitNames(const std::string& path, Visit&& visit) {
+template <class Visit> bool visitNames(const std::string& path, Visit&& visit) {
     const std::unique_ptr<DIR, CloseFolder> folder(opendir(path.c_str()));
     if (!folder) {
         return false;

@@ -33,9 +33,9 @@ bool isFolderOnDisk(const std::string& path) noexcept;
 /// The names in a folder but "." and "..", in no order; nothing if it cannot be read.
 std::optional<std::vector<std::string>> namesIn(const std::string& folder);
 
-/// The name on disk that a name in a path means: the very same one if there is one, else one that differs in case, else the one with that short
-/// name. Of several that differ in case only the first in the order of bytes counts. Dots and blanks at the end of the name do not count, unless
-/// a file has them. Empty if there is none.
+/// The name on disk that a name in a path means: the very same one if there is one, else one that differs in case, else the one
+/// with that short name. Of several that differ in case only the first in the order of bytes counts. Dots and blanks at the end
+/// of the name do not count, unless a file has them. Empty if there is none.
 std::string findName(const std::string& folder, std::string_view name, const CodePage& codePage);
 
 /// The short name of a file in a folder; the name itself if that is one.

@@ -9,7 +9,8 @@ NamePattern::NamePattern(std::string_view pattern) {
         pattern = "*";
     }
     const bool endsWithoutExtension = pattern.ends_with("*.");
-    const std::u32string text = upperCase(endsWithoutExtension ? pattern.substr(0, pattern.size() - 1) : withoutTrailingDots(pattern));
+    const std::u32string text =
+        upperCase(endsWithoutExtension ? pattern.substr(0, pattern.size() - 1) : withoutTrailingDots(pattern));
     for (std::size_t i = 0; i < text.size(); ++i) {
         const bool beforeWildcard = i + 1 < text.size() && (text[i + 1] == U'*' || text[i + 1] == U'?');
         switch (text[i]) {
@@ -32,8 +33,8 @@ NamePattern::NamePattern(std::string_view pattern) {
 }
 
 bool NamePattern::matches(std::u32string_view name) const noexcept {
-    // Only `any` leaves a choice, and what is between two of them ends the earlier the earlier it begins: so the last one passed is the only
-    // one that it can help to widen.
+    // Only `any` leaves a choice, and what is between two of them ends the earlier the earlier it begins: so the last one passed
+    // is the only one that it can help to widen.
     constexpr std::size_t none = ~std::size_t{0};
     std::size_t n = 0;
     std::size_t t = 0;

@@ -9,8 +9,9 @@
 
 namespace mox::host {
 
-/// A pattern as the find functions of DOS and Windows have it. `*` stands for any characters; `?` for one, or for none in front of a dot and
-/// at the end of the name. A dot in front of a wildcard may be missing at the end of the name: `*.*` is everything, `a.*` also finds `a`.
+/// A pattern as the find functions of DOS and Windows have it. `*` stands for any characters; `?` for one, or for none in front
+/// of a dot and at the end of the name. A dot in front of a wildcard may be missing at the end of the name: `*.*` is everything,
+/// `a.*` also finds `a`.
 /// `*.` at the end finds names without an extension. Case does not count.
 class MOX_API NamePattern {
 public:

@@ -6,14 +6,16 @@
 
 namespace mox::host {
 
-/// True if two names differ at most in the case of their letters, by the simple case folding of Unicode. Bytes that are no UTF-8 are equal to
-/// themselves only.
+/// True if two names differ at most in the case of their letters, by the simple case folding of Unicode. Bytes that are no UTF-8
+/// are equal to themselves only.
 bool equalWithoutCase(std::string_view first, std::string_view second) noexcept;
 
-/// The upper-case characters of a name: what names are ordered by and patterns are compared with. A byte that is no UTF-8 becomes a lone surrogate.
+/// The upper-case characters of a name: what names are ordered by and patterns are compared with. A byte that is no UTF-8 becomes
+/// a lone surrogate.
 std::u32string upperCase(std::string_view name);
 
-/// True for the characters that no name of a drive can have: control characters, separators, the colon, wildcards and the other reserved ones.
+/// True for the characters that no name of a drive can have: control characters, separators, the colon, wildcards and the other
+/// reserved ones.
 constexpr bool isReserved(char c) noexcept {
     return static_cast<unsigned char>(c) < 0x20 || std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
 }

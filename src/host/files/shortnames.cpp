@@ -39,7 +39,8 @@ bool isLetterOrDigit(char c) noexcept {
 }
 
 bool isAllowedInShort(char c) noexcept {
-    return static_cast<unsigned char>(c) > 0x20 && c != 0x7F && std::string_view("\\/:*?\"<>|+,;=[].").find(c) == std::string_view::npos;
+    return static_cast<unsigned char>(c) > 0x20 && c != 0x7F &&
+           std::string_view("\\/:*?\"<>|+,;=[].").find(c) == std::string_view::npos;
 }
 
 /// 64 bits FNV-1a. The names on the disks of our users depend on it: it must never change.
@@ -99,7 +100,8 @@ bool isShort(std::string_view name, const CodePage& codePage) {
     const std::size_t dot = bytes.find('.');
     const std::size_t stem = std::min(dot, bytes.size());
     const std::size_t extension = bytes.size() - stem;
-    return stem >= 1 && stem <= longestStem && extension != 1 && extension <= 1 + longestExtension && std::ranges::count(name, '.') <= 1 &&
+    return stem >= 1 && stem <= longestStem && extension != 1 && extension <= 1 + longestExtension &&
+           std::ranges::count(name, '.') <= 1 &&
            std::ranges::all_of(name, [](char c) { return c == '.' || isAllowedInShort(c); });
 }
 

@@ -14,11 +14,7 @@ namespace mox::host {
 namespace {
 
 constexpr const char* systemFolders[] = {
-    "Program Files/Common Files",
-    "Temp",
-    "Windows/Fonts",
-    "Windows/System32",
-    "Windows/Temp",
+    "Program Files/Common Files", "Temp", "Windows/Fonts", "Windows/System32", "Windows/Temp",
 };
 constexpr const char* commonFolders[] = {
     "ProgramData/Microsoft/Windows/Start Menu/Programs",

@@ -59,7 +59,8 @@ bool diskFreeSpace(const Files& files, std::string_view root, std::uint32_t& sec
     return true;
 }
 
-bool diskFreeSpace(const Files& files, std::string_view folder, std::uint64_t& available, std::uint64_t& total, std::uint64_t& free) {
+bool diskFreeSpace(const Files& files, std::string_view folder, std::uint64_t& available, std::uint64_t& total,
+                   std::uint64_t& free) {
     const std::optional<DriveSpace> space = files.space(folder);
     if (space) {
         available = space->available;
@@ -86,7 +87,8 @@ void wireFiles(Machine& machine) {
     };
     kernel32.SetFileAttributesA = [&](auto path, auto attributes) { return files.setAttributes(path, attributes); };
     kernel32.GetDriveTypeA = [&](auto root) { return files.driveType(root); };
-    kernel32.GetDiskFreeSpaceA = [&](auto root, auto& sectorsPerCluster, auto& bytesPerSector, auto& freeClusters, auto& clusters) {
+    kernel32.GetDiskFreeSpaceA = [&](auto root, auto& sectorsPerCluster, auto& bytesPerSector, auto& freeClusters,
+                                     auto& clusters) {
         return diskFreeSpace(files, root, sectorsPerCluster, bytesPerSector, freeClusters, clusters);
     };
 

@@ -58,8 +58,9 @@ Machine& Machine::current() {
     }
     static Machine* const own = [] {
         const std::lock_guard lock(configurationGuard);
+        auto machine = std::make_unique<Machine>(configuration ? *configuration : MachineConfig::fromEnvironment());
         isMade = true;
-        return std::make_unique<Machine>(configuration ? std::move(*configuration) : MachineConfig::fromEnvironment()).release();
+        return machine.release();
     }();
     struct TemporaryHomeEnd {
         Machine& machine;

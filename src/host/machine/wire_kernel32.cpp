@@ -39,13 +39,9 @@ bool closeHandle(Handles& handles, Handle handle) {
     return handles.close<ProcessSnapshot>(handle) || handles.close<Process>(handle);
 }
 
-/// Gives what a conversion wrote into a buffer, or needs without one; 0 if the buffer is too small.
-template <class Unit> std::int32_t deliver(std::basic_string_view<Unit> text, std::span<Unit> buffer) {
-    if (!buffer.empty() && text.size() > buffer.size()) {
-        return 0;
-    }
-    copyInto(buffer, text);
-    return static_cast<std::int32_t>(text.size());
+/// A conversion into the caller's buffer; for an empty one the size that it would need. 0 if the buffer is too small.
+template <class Unit, class Into, class Whole> std::int32_t deliver(std::span<Unit> buffer, Into into, Whole whole) {
+    return static_cast<std::int32_t>(buffer.empty() ? whole().size() : into().value_or(0));
 }
 
 /// Converts by the code page of that number, `CP_ACP` being the machine's own; gives 0 for an unknown one.
@@ -76,10 +72,14 @@ void wireKernel32(Machine& machine) {
     kernel32.GetTickCount = [&] { return static_cast<std::uint32_t>(machine.clock().now()); };
 
     kernel32.WideCharToMultiByte = [&](auto codePage, auto text, auto bytes) {
-        return convert(machine, codePage, [&](const CodePage& page) { return deliver<char>(page.fromUtf16(text), bytes); });
+        return convert(machine, codePage, [&](const CodePage& page) {
+            return deliver(bytes, [&] { return page.fromUtf16(text, bytes); }, [&] { return page.fromUtf16(text); });
+        });
     };
     kernel32.MultiByteToWideChar = [&](auto codePage, auto bytes, auto text) {
-        return convert(machine, codePage, [&](const CodePage& page) { return deliver<char16_t>(page.toUtf16(bytes), text); });
+        return convert(machine, codePage, [&](const CodePage& page) {
+            return deliver(text, [&] { return page.toUtf16(bytes, text); }, [&] { return page.toUtf16(bytes); });
+        });
     };
 }
 

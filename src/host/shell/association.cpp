@@ -56,7 +56,8 @@ Text contentTypeOf(const std::filesystem::path& file) {
 }
 
 bool isProgram(const std::filesystem::path& file, std::string_view contentType) {
-    constexpr std::array<std::string_view, 3> types{"application/x-executable", "application/x-pie-executable", "application/x-sharedlib"};
+    constexpr std::array<std::string_view, 3> types{"application/x-executable", "application/x-pie-executable",
+                                                    "application/x-sharedlib"};
     return std::ranges::find(types, contentType) != types.end() && access(file.c_str(), X_OK) == 0;
 }
 

@@ -48,11 +48,48 @@ bool CodePage::isKnown(std::uint32_t number) noexcept {
     return CodePageTables::isKnown(number);
 }
 
+namespace {
+
+/// What `convert` gives, in the caller's place.
+template <class Unit, class Convert> std::optional<std::size_t> copied(std::span<Unit> place, Convert convert) {
+    const std::basic_string<Unit> result = convert();
+    if (result.size() > place.size()) {
+        return std::nullopt;
+    }
+    std::ranges::copy(result, place.begin());
+    return result.size();
+}
+
+} // namespace
+
+std::optional<std::size_t> CodePage::fromUtf16(std::u16string_view text, std::span<char> bytes) const {
+    if (tables_->hasPairs()) {
+        return copied(bytes, [&] { return fromUtf16(text); });
+    }
+    if (text.size() > bytes.size()) {
+        return std::nullopt;
+    }
+    const std::uint16_t* codes = tables_->codes.data();
+    convertUnits(text, bytes.data(), [codes](char16_t unit) { return static_cast<char>(codes[unit]); });
+    return text.size();
+}
+
+std::optional<std::size_t> CodePage::toUtf16(std::string_view bytes, std::span<char16_t> text) const {
+    if (tables_->hasPairs()) {
+        return copied(text, [&] { return toUtf16(bytes); });
+    }
+    if (bytes.size() > text.size()) {
+        return std::nullopt;
+    }
+    convertUnits(bytes, text.data(), [&](char byte) { return tables_->single[static_cast<std::uint8_t>(byte)]; });
+    return bytes.size();
+}
+
 std::string CodePage::fromUtf16(std::u16string_view text) const {
     const std::uint16_t* codes = tables_->codes.data();
     if (!tables_->hasPairs()) {
         std::string bytes(text.size(), '\0');
-        convertUnits(text, bytes.data(), [codes](char16_t unit) { return static_cast<char>(codes[unit]); });
+        fromUtf16(text, bytes);
         return bytes;
     }
     std::string bytes;
@@ -71,7 +108,7 @@ std::u16string CodePage::toUtf16(std::string_view bytes) const {
     const CodePageTables& tables = *tables_;
     if (!tables.hasPairs()) {
         std::u16string text(bytes.size(), u'\0');
-        convertUnits(bytes, text.data(), [&](char byte) { return tables.single[static_cast<std::uint8_t>(byte)]; });
+        toUtf16(bytes, text);
         return text;
     }
     std::u16string text;

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -29,6 +31,9 @@ public:
     /// A lead byte that no valid trail byte follows becomes the code page's default character, "?", or U+30FB in code page 932;
     /// the byte behind it stands for itself.
     std::u16string toUtf16(std::string_view bytes) const;
+    /// The same into a place of the caller's; gives the number of units written, or nothing if they do not fit.
+    std::optional<std::size_t> fromUtf16(std::u16string_view text, std::span<char> bytes) const;
+    std::optional<std::size_t> toUtf16(std::string_view bytes, std::span<char16_t> text) const;
     /// File names on disk are UTF-8.
     std::string fromUtf8(std::string_view text) const;
     std::string toUtf8(std::string_view bytes) const;
