@@ -123,8 +123,10 @@ int main(int argc, char** argv) {
     return mox::bench::runWithRatios(
         argc, argv,
         {
-            {"search of a folder / reading its facts and attributes", "searchAll/everything", "readFactsAndAttributes", 2},
-            {"search by a pattern / reading its facts and attributes", "searchAll/pattern", "readFactsAndAttributes", 2},
+            {"search of a folder / reading names and facts", "searchAll/everything", "readFacts", 4},
+            {"search of a folder / reading names, facts and attributes", "searchAll/everything", "readFactsAndAttributes", 2},
+            {"search by a pattern / reading names, facts and attributes", "searchAll/pattern", "readFactsAndAttributes", 2},
             {"look-up of a missing name / reading the names", "lookUp/missing", "readNames", 2},
+            {"look-up in another case / reading the names", "lookUp/otherCase", "readNames", 2},
         });
 }

@@ -1,6 +1,7 @@
 #include "values/escapes.h"
 
 #include "core/numberreading.h"
+#include "values/urlvector.h"
 
 #include <algorithm>
 #include <cstring>
@@ -72,6 +73,24 @@ Byte codeOfPair(char16_t first, char16_t second) {
     return readHexadecimalPair(first, second);
 }
 
+/// Pairs of digits as codes, all at once; false if a character is no digit. Nothing but arithmetic, so that compilers make vector code of it.
+template <std::size_t count> bool readDigitPairs(const char16_t* text, std::array<Byte, count>& codes) {
+    std::uint16_t bad = 0;
+    std::array<std::uint16_t, 2 * count> values;
+    for (std::size_t i = 0; i < 2 * count; ++i) {
+        const std::uint16_t digit = static_cast<std::uint16_t>(text[i] - u'0');
+        const std::uint16_t letter = static_cast<std::uint16_t>((text[i] | 0x20) - u'a');
+        const std::uint16_t isDigit = digit < 10 ? 0xFFFF : 0;
+        const std::uint16_t isLetter = letter < 6 ? 0xFFFF : 0;
+        values[i] = static_cast<std::uint16_t>((digit & isDigit) | ((letter + 10) & isLetter));
+        bad = static_cast<std::uint16_t>(bad | ~(isDigit | isLetter));
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        codes[i] = static_cast<Byte>(values[2 * i] << 4 | values[2 * i + 1]);
+    }
+    return bad == 0;
+}
+
 /// How many codes stay as they are. One comparison a code and nothing else, so that compilers make vector code of it.
 std::size_t countUnescaped(std::span<const Byte> codes, bool plusForSpace) {
     std::size_t count = 0;
@@ -93,7 +112,9 @@ std::size_t countUnescaped(std::span<const Byte> codes, bool plusForSpace) {
 String urlEncodedBytes(std::span<const Byte> codes, bool plusForSpace) {
     const EscapeTable& table = plusForSpace ? urlTableWithPlus : urlTable;
     String result = String::ofLength(3 * codes.size() - 2 * countUnescaped(codes, plusForSpace));
-    char16_t* end = result.data();
+    const UrlProgress done = encodeManyForUrl(codes, plusForSpace, result.data(), result.data() + result.size());
+    char16_t* end = done.end;
+    codes = codes.subspan(done.codes);
     // The last escapes, which nothing follows, are written exactly.
     const std::size_t tail = std::min<std::size_t>(codes.size(), 4);
     for (const Byte code : codes.first(codes.size() - tail)) {
@@ -175,11 +196,23 @@ String hexadecimal(const AnsiCodes& codes) {
 }
 
 String fromHexadecimal(std::u16string_view text) {
+    constexpr std::size_t pairsAtOnce = 16;
     AnsiCharacters characters;
     String result = String::ofLength(text.size() / 2);
     char16_t* end = result.data();
-    for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
-        *end++ = characters[codeOfPair(text[i], text[i + 1])];
+    std::array<Byte, pairsAtOnce> codes;
+    for (std::size_t left = result.size(); left > 0;) {
+        const std::size_t count = std::min(left, pairsAtOnce);
+        if (count < pairsAtOnce || !readDigitPairs<pairsAtOnce>(text.data(), codes)) {
+            for (std::size_t i = 0; i < count; ++i) {
+                codes[i] = codeOfPair(text[2 * i], text[2 * i + 1]);
+            }
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            *end++ = characters[codes[i]];
+        }
+        text.remove_prefix(2 * count);
+        left -= count;
     }
     return result;
 }

@@ -1,12 +1,20 @@
 """Reading, setting and calling members; arguments by position, by name, left out, by reference."""
+import ctypes
 import unittest
 
 import mox
 from mox._abi import (
+    E_NOINTERFACE,
+    GUID,
+    IID_ENUM_VARIANT,
+    VARIANT,
+    VT_UNKNOWN,
+    signed,
     DISPATCH_GET,
     DISPATCH_METHOD,
     DISPATCH_PUT,
     DISPATCH_PUTREF,
+    DISPID_NEWENUM,
     DISPID_PROPERTYPUT,
     VT_BOOL,
     VT_BSTR,
@@ -18,6 +26,7 @@ from mox._abi import (
     VT_R8,
     VT_VARIANT,
 )
+from mox._variant import write
 
 from support import Call, FakeObject, NoLeaks, TestCase, declared, error, hub
 
@@ -74,6 +83,17 @@ class Reading(NoLeaks):
             "(LongValue: int, MinValue: int = -2147483647, MaxValue: int = 2147483647) -> int",
         )
         self.assertEqual(str(inspect.signature(hub().ExtensionInfo)), "(eInfo: MOX_EXTENSION_INFO) -> Any")
+
+    def test_every_class_has_help(self):
+        import pydoc
+
+        from mox import _typelib
+
+        for library in _typelib.libraries():
+            for entry in library.classes:
+                text = pydoc.plain(pydoc.render_doc(getattr(mox, entry.name)))
+                for function in (function for function in entry.content[0].content if not function.hidden):
+                    self.assertIn(function.help, text, entry.name)
 
     def test_objects_are_equal_if_they_are_the_same(self):
         root = hub()
@@ -256,6 +276,19 @@ class Wire(TestCase):
         self.object["x"] = 2
         self.assertCalled(0, DISPATCH_PUT, [(VT_BSTR, "x"), (VT_I4, 2)], [DISPID_PROPERTYPUT])
 
+    def test_enumeration(self):
+        enumerator = FakeEnumerator([1, "x", None])
+        fake = FakeObject("Collection", [declared("_NewEnum", DISPATCH_GET, id=DISPID_NEWENUM, result=VT_UNKNOWN)])
+
+        def answer(result, exception, bad):
+            result.vt, result.ptr = VT_UNKNOWN, enumerator.give()
+            return 0
+
+        fake.answer = answer
+        self.assertEqual(list(fake.object), [1, "x", None])
+        self.assertEqual(next(iter(fake.object)), 1)
+        self.assertEqual(enumerator.references, 0)
+
     def test_a_call_inside_a_call(self):
         def answer(result, exception, bad):
             level = self.fake.calls[-1].arguments[0][1]
@@ -274,6 +307,48 @@ class Wire(TestCase):
         self.assertEqual(self.fake.references, 1)
         self.object = self.fake.object = None
         self.assertEqual(self.fake.references, 0)
+
+
+class FakeEnumerator:
+    """An IEnumVARIANT of another make."""
+
+    def __init__(self, values):
+        self.references = 0
+        self._values = values
+        pointer = ctypes.c_void_p
+        self._callbacks = [
+            ctypes.CFUNCTYPE(ctypes.c_int, pointer, ctypes.POINTER(GUID), ctypes.POINTER(pointer))(self._query),
+            ctypes.CFUNCTYPE(ctypes.c_uint, pointer)(lambda this: self._count(1)),
+            ctypes.CFUNCTYPE(ctypes.c_uint, pointer)(lambda this: self._count(-1)),
+            ctypes.CFUNCTYPE(ctypes.c_int, pointer, ctypes.c_uint, ctypes.POINTER(VARIANT), ctypes.POINTER(ctypes.c_uint))(
+                self._next
+            ),
+        ]
+        addresses = [ctypes.cast(callback, pointer).value for callback in self._callbacks]
+        self._table = (pointer * 7)(*addresses, *[None] * 3)
+        self._memory = (pointer * 1)(ctypes.addressof(self._table))
+
+    def give(self):
+        """The pointer with a reference, from the first value on."""
+        self._rest = list(self._values)
+        self.references += 1
+        return ctypes.addressof(self._memory)
+
+    def _count(self, step):
+        self.references += step
+        return self.references
+
+    def _query(self, this, iid, result):
+        known = bytes(iid.contents) == bytes(IID_ENUM_VARIANT)
+        self.references += known
+        result[0] = this if known else None
+        return 0 if known else signed(E_NOINTERFACE)
+
+    def _next(self, this, count, result, fetched):
+        if not self._rest:
+            return 1
+        write(result.contents, self._rest.pop(0))
+        return 0
 
 
 class Failures(TestCase):

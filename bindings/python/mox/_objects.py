@@ -81,7 +81,8 @@ class Member:
             return self._function(self.call, self.method)
         if self.takes_arguments:
             return _IndexedAttribute(self)
-        return property(getter(self.get or _absent(self.put or self.putref, DISPATCH_GET)), None, None, self.doc)
+        put = self.put or self.putref
+        return property(getter(self.get or _absent(put, DISPATCH_GET)), self.set if put else None, None, self.doc)
 
     def _function(self, function, declared):
         function.__name__ = self.name
@@ -218,12 +219,17 @@ _new = object.__new__
 
 def _adopt(pointer, cls):
     """The Python object for an interface pointer, whose reference it takes over."""
-    result = _new(cls)
     invoke, release_ = _functions_of(pointer)
-    _set_release(result, release_)
-    _set_pointer(result, pointer)
+    result = _wrap(pointer, cls, release_)
     _set_this(result, byref(c_char.from_address(pointer)))
     _set_invoke(result, invoke)
+    return result
+
+
+def _wrap(pointer, cls, release_):
+    result = _new(cls)
+    _set_release(result, release_)
+    _set_pointer(result, pointer)
     _set_identity(result, None)
     return result
 
@@ -246,7 +252,7 @@ def _object(pointer, type):
     dispatch, _ = interface_of(pointer, IID_IDISPATCH)
     if dispatch is None:
         add_ref(pointer)
-        return _adopt(pointer, _Unknown)
+        return _wrap(pointer, _Unknown, release.of(pointer))
     return _taken_object(dispatch, ANY)
 
 
@@ -299,11 +305,11 @@ def _make_class(entry):
         "_members": members,
         "_lower": {name.lower(): member for name, member in members.items()},
     }
-    for member in members.values():
-        if member.id == _abi.DISPID_VALUE:
-            namespace.update(_default_member(member))
-        elif member.id == _abi.DISPID_NEWENUM:
-            namespace["__iter__"] = _iterator(member)
+    by_id = {member.id: member for member in members.values()}
+    if _abi.DISPID_VALUE in by_id:
+        namespace.update(_default_member(by_id[_abi.DISPID_VALUE]))
+    if _abi.DISPID_NEWENUM in by_id:
+        namespace["__iter__"] = _iterator(by_id[_abi.DISPID_NEWENUM])
     namespace.update((name, member.attribute()) for name, member in members.items())
     return type(named.name, (Object,), namespace)
 
@@ -311,16 +317,17 @@ def _make_class(entry):
 def _default_member(member):
     """Calling and indexing of an object itself goes to its default member."""
 
-    def call(self, *arguments, **named):
+    def __call__(self, *arguments, **named):
         return member.call(self, *arguments, **named)
 
-    def get_item(self, index):
+    def __getitem__(self, index):
         return member.call(self, *_indexes(index))
 
-    def set_item(self, index, value):
+    def __setitem__(self, index, value):
         member.set(self, *_indexes(index), value)
 
-    return {"__call__": call, "__getitem__": get_item, "__setitem__": set_item, "__iter__": None}
+    __call__.__doc__ = __getitem__.__doc__ = __setitem__.__doc__ = f"The same for {member.name}, the default member."
+    return {"__call__": __call__, "__getitem__": __getitem__, "__setitem__": __setitem__, "__iter__": None}
 
 
 def _iterator(member):

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <memory>
+#include <vector>
 
 namespace mox::automation {
 
@@ -16,6 +17,16 @@ namespace {
 
 /// Any address of this library, to ask where it was loaded from.
 const char here = 0;
+
+/// The library's own server beside this library; empty if it is not known where this library is.
+const std::filesystem::path& ownServer() {
+    static const std::filesystem::path path = [] {
+        Dl_info info{};
+        const bool known = dladdr(&here, &info) && info.dli_fname;
+        return known ? std::filesystem::path(info.dli_fname).parent_path() / "trl.obkr.mox.so" : std::filesystem::path();
+    }();
+    return path;
+}
 
 std::vector<std::filesystem::path> knownServers() {
     std::vector<std::filesystem::path> paths;
@@ -30,9 +41,8 @@ std::vector<std::filesystem::path> knownServers() {
         }
         return paths;
     }
-    Dl_info info{};
-    if (dladdr(&here, &info) && info.dli_fname) {
-        paths.push_back(std::filesystem::path(info.dli_fname).parent_path() / "trl.obkr.mox.so");
+    if (!ownServer().empty()) {
+        paths.push_back(ownServer());
     }
     return paths;
 }
@@ -72,18 +82,27 @@ Servers& Servers::ofProcess() {
 }
 
 std::shared_ptr<Server> Servers::load(const std::filesystem::path& path, HRESULT& status) {
+    // Nearly always the file is loaded and is asked for by the same name: no look at the disk then.
+    if (const auto known = loadedByName_.find(path.native()); known != loadedByName_.end()) {
+        status = S_OK;
+        return known->second;
+    }
     std::error_code ignored;
     const std::filesystem::path name = std::filesystem::weakly_canonical(path, ignored);
-    const auto found = std::ranges::find(loaded_, name, [](const auto& server) { return server->path(); });
-    if (found != loaded_.end()) {
-        status = S_OK;
-        return *found;
+    std::shared_ptr<Server> server;
+    for (const auto& [other, loaded] : loadedByName_) {
+        if (loaded->path() == name) {
+            server = loaded;
+        }
     }
-    auto server = std::make_shared<Server>(name, status);
-    if (FAILED(status)) {
-        return nullptr;
+    if (!server) {
+        server = std::make_shared<Server>(name, status);
+        if (FAILED(status)) {
+            return nullptr;
+        }
     }
-    return loaded_.emplace_back(std::move(server));
+    status = S_OK;
+    return loadedByName_.emplace(path.native(), std::move(server)).first->second;
 }
 
 HRESULT Servers::getClassObject(REFCLSID id, REFIID iid, void** result) {
@@ -120,17 +139,17 @@ HRESULT Servers::getTypeLib(const std::filesystem::path& path, ITypeLib** result
 
 bool Servers::loadAll() {
     std::lock_guard lock(guard_);
-    const std::size_t before = loaded_.size();
+    const std::size_t before = loadedByName_.size();
     for (const std::filesystem::path& path : knownServers()) {
         HRESULT status = S_OK;
         load(path, status);
     }
-    return loaded_.size() > before;
+    return loadedByName_.size() > before;
 }
 
 void Servers::freeUnused() {
     std::lock_guard lock(guard_);
-    std::erase_if(loaded_, [](const auto& server) { return server->canUnload(); });
+    std::erase_if(loadedByName_, [](const auto& named) { return named.second->canUnload(); });
 }
 
 HRESULT classOfProgId(std::u16string_view progId, CLSID& id) {

@@ -8,8 +8,9 @@
 #include <filesystem>
 #include <memory>
 #include <mutex>
+#include <string>
 #include <string_view>
-#include <vector>
+#include <unordered_map>
 
 namespace mox::automation {
 
@@ -55,7 +56,7 @@ private:
     std::shared_ptr<Server> load(const std::filesystem::path& path, HRESULT& status);
 
     std::recursive_mutex guard_;
-    std::vector<std::shared_ptr<Server>> loaded_;
+    std::unordered_map<std::string, std::shared_ptr<Server>> loadedByName_;
 };
 
 } // namespace mox::automation
