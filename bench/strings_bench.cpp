@@ -11,15 +11,6 @@ namespace {
 
 using namespace mox;
 
-/// A text of hexadecimal digits.
-String hexadecimalSample(std::size_t length) {
-    String text = String::ofLength(length);
-    for (std::size_t i = 0; i < length; ++i) {
-        text.data()[i] = u"0123456789ABCDEF"[i * 7 % 16];
-    }
-    return text;
-}
-
 /// Characters of several kinds, as they come in forms and pages.
 String sample(std::size_t length) {
     static constexpr char16_t pattern[] = u"Hello, World & <b>caf\u00E9</b>?q=1&n=2; ";
@@ -33,6 +24,11 @@ String sample(std::size_t length) {
 const moxVarString& object() {
     static const moxVarString object = moxHub::create().Vars().vString();
     return object;
+}
+
+/// The digits of such a text.
+String hexadecimalSample(std::size_t length) {
+    return object().Conv2HexString(sample(length / 2));
 }
 
 constexpr std::size_t shortLength = 4000;

@@ -3,6 +3,7 @@
 
 #include <mox/values.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <span>
@@ -38,6 +39,21 @@ public:
     char16_t operator[](Byte code) {
         const char16_t character = characters_[code];
         return character || code == 0 ? character : lookUp(code);
+    }
+
+    /// The characters of all codes.
+    void convert(std::span<const Byte> codes, char16_t* result) {
+        Byte all = 0;
+        for (const Byte code : codes) {
+            all |= code;
+        }
+        if (all < 0x80) {
+            std::copy(codes.begin(), codes.end(), result);
+            return;
+        }
+        for (const Byte code : codes) {
+            *result++ = (*this)[code];
+        }
     }
 
 private:

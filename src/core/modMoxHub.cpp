@@ -137,7 +137,7 @@ String freeName(const std::u16string& start, const std::u16string& end) {
     constexpr Long errFileAlreadyExists = 58;
     for (int pass = 0; pass < mostPasses; ++pass) {
         const std::u16string text = randomText();
-        const String name(start + text + end);
+        String name(std::u16string(start).append(text).append(end));
         if (text.size() <= longestText && !FileExists(name)) {
             return name;
         }

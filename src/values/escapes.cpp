@@ -4,6 +4,7 @@
 #include "values/urlvector.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <string>
 
@@ -50,45 +51,32 @@ constexpr std::array<std::array<char16_t, 2>, 256> digitPairs = [] {
     return table;
 }();
 
-/// The value of each hexadecimal digit; `notADigit` for other characters below 256.
-constexpr Byte notADigit = 0xFF;
-constexpr std::array<Byte, 256> digitValues = [] {
-    std::array<Byte, 256> table{};
-    for (unsigned code = 0; code < table.size(); ++code) {
-        const Long value = hexadecimalDigit(static_cast<char16_t>(code));
-        table[code] = value < 0 ? notADigit : static_cast<Byte>(value);
+/// Pairs of characters as codes, as number reading takes them. Good digits go all at once, with nothing but arithmetic, so that compilers make vector
+/// code of it; if there are others, the pairs are read one by one.
+template <std::size_t count> void codesOfPairs(const char16_t* text, std::array<Byte, count>& codes) {
+    std::array<std::uint16_t, 2 * count> values;
+    std::uint16_t good = 0xFFFF;
+    for (std::size_t i = 0; i < 2 * count; ++i) {
+        const std::uint16_t c = text[i];
+        const auto folded = static_cast<std::uint16_t>(c | 0x20);
+        const auto isDigit = static_cast<std::uint16_t>(c >= u'0' && c <= u'9' ? 0xFFFF : 0);
+        const auto isLetter = static_cast<std::uint16_t>(folded >= u'a' && folded <= u'f' ? 0xFFFF : 0);
+        // In the low four bits digits have their value, letters their value less 9.
+        values[i] = static_cast<std::uint16_t>((c & 0xF) + (isLetter & 9));
+        good &= isDigit | isLetter;
     }
-    return table;
-}();
-
-/// Two digits as a code, like number reading, which all but bad pairs need not go through.
-Byte codeOfPair(char16_t first, char16_t second) {
-    if ((first | second) < 0x100) {
-        const unsigned high = digitValues[first];
-        const unsigned low = digitValues[second];
-        if ((high | low) < 0x10) {
-            return static_cast<Byte>(high << 4 | low);
+    if (good == 0xFFFF) {
+        std::array<std::uint32_t, count> pairs;
+        static_assert(sizeof pairs == sizeof values && std::endian::native == std::endian::little);
+        std::memcpy(pairs.data(), values.data(), sizeof pairs);
+        for (std::size_t i = 0; i < count; ++i) {
+            codes[i] = static_cast<Byte>(pairs[i] << 4 | pairs[i] >> 16);
+        }
+    } else {
+        for (std::size_t i = 0; i < count; ++i) {
+            codes[i] = readHexadecimalPair(text[2 * i], text[2 * i + 1]);
         }
     }
-    return readHexadecimalPair(first, second);
-}
-
-/// Pairs of digits as codes, all at once; false if a character is no digit. Nothing but arithmetic, so that compilers make vector code of it.
-template <std::size_t count> bool readDigitPairs(const char16_t* text, std::array<Byte, count>& codes) {
-    std::uint16_t bad = 0;
-    std::array<std::uint16_t, 2 * count> values;
-    for (std::size_t i = 0; i < 2 * count; ++i) {
-        const std::uint16_t digit = static_cast<std::uint16_t>(text[i] - u'0');
-        const std::uint16_t letter = static_cast<std::uint16_t>((text[i] | 0x20) - u'a');
-        const std::uint16_t isDigit = digit < 10 ? 0xFFFF : 0;
-        const std::uint16_t isLetter = letter < 6 ? 0xFFFF : 0;
-        values[i] = static_cast<std::uint16_t>((digit & isDigit) | ((letter + 10) & isLetter));
-        bad = static_cast<std::uint16_t>(bad | ~(isDigit | isLetter));
-    }
-    for (std::size_t i = 0; i < count; ++i) {
-        codes[i] = static_cast<Byte>(values[2 * i] << 4 | values[2 * i + 1]);
-    }
-    return bad == 0;
 }
 
 /// How many codes stay as they are. One comparison a code and nothing else, so that compilers make vector code of it.
@@ -164,7 +152,7 @@ std::optional<String> urlDecoded(std::u16string_view text) {
             *end++ = c == u'+' ? u' ' : c;
             ++next;
         } else if (last - next >= 3) {
-            *end++ = characters[codeOfPair(next[1], next[2])];
+            *end++ = characters[readHexadecimalPair(next[1], next[2])];
             next += 3;
         } else {
             return std::nullopt;
@@ -200,19 +188,14 @@ String fromHexadecimal(std::u16string_view text) {
     AnsiCharacters characters;
     String result = String::ofLength(text.size() / 2);
     char16_t* end = result.data();
-    std::array<Byte, pairsAtOnce> codes;
-    for (std::size_t left = result.size(); left > 0;) {
-        const std::size_t count = std::min(left, pairsAtOnce);
-        if (count < pairsAtOnce || !readDigitPairs<pairsAtOnce>(text.data(), codes)) {
-            for (std::size_t i = 0; i < count; ++i) {
-                codes[i] = codeOfPair(text[2 * i], text[2 * i + 1]);
-            }
-        }
-        for (std::size_t i = 0; i < count; ++i) {
-            *end++ = characters[codes[i]];
-        }
-        text.remove_prefix(2 * count);
-        left -= count;
+    std::size_t left = result.size();
+    for (; left >= pairsAtOnce; left -= pairsAtOnce, end += pairsAtOnce, text.remove_prefix(2 * pairsAtOnce)) {
+        std::array<Byte, pairsAtOnce> codes;
+        codesOfPairs(text.data(), codes);
+        characters.convert(codes, end);
+    }
+    for (; left > 0; --left, text.remove_prefix(2)) {
+        *end++ = characters[readHexadecimalPair(text[0], text[1])];
     }
     return result;
 }

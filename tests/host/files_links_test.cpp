@@ -84,6 +84,8 @@ TEST_F(LinksTest, toAParentStillLeadThere) {
     makeFile("a/file");
     link(".", "a/self");
     EXPECT_EQ(attributes("D:\\a\\self"), FILE_ATTRIBUTE_REPARSE_POINT);
+    EXPECT_FALSE(kernel32().SetFileAttributesA("D:\\a\\self", FILE_ATTRIBUTE_HIDDEN));
+    EXPECT_EQ(attributes("D:\\a"), FILE_ATTRIBUTE_DIRECTORY);
     EXPECT_EQ(resolved("D:\\a\\self\\self\\FILE"), "a/self/self/file");
     EXPECT_EQ(list("D:\\a\\self\\f*"), (Names{"file"}));
     EXPECT_EQ(machine_->runtime.Kill("D:\\a\\*"), 0);

@@ -85,6 +85,13 @@ TEST_F(PathsTest, endAtTheirFirstNul) {
     EXPECT_EQ(list("D:\\f*\0x"sv), (Names{"file"}));
 }
 
+TEST_F(PathsTest, ofNetworksDoNotMeanTheCurrentDrive) {
+    EXPECT_TRUE(files().resolve("\\Windows\\System32"));
+    EXPECT_FALSE(files().resolve("\\\\Windows\\System32"));
+    EXPECT_FALSE(files().resolve("//Windows/System32"));
+    EXPECT_EQ(list("\\\\Windows\\*"), Names());
+}
+
 TEST_F(PathsTest, preferTheVerySameName) {
     makeFile("readme", "small");
     makeFile("README", "large");

@@ -97,8 +97,8 @@ std::shared_ptr<FileSearch> Files::search(std::string_view pattern) const {
         return nullptr;
     }
     if (!path->hasWildcards()) {
-        std::optional<DiskPath> file = find(pattern);
-        return file ? std::make_shared<FileSearch>(std::move(*file), codePage_) : nullptr;
+        const std::optional<DiskPath> file = find(pattern);
+        return file ? std::make_shared<FileSearch>(*file, codePage_) : nullptr;
     }
     std::optional<DiskPath> folder = folderOf(*path);
     if (!folder || eaccess(folder->text.c_str(), R_OK) != 0) {

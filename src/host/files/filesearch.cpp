@@ -12,7 +12,7 @@ namespace mox::host {
 FileSearch::FileSearch(DiskPath folder, std::string_view pattern, const CodePage& codePage)
     : folder_(std::move(folder)), codePage_(codePage), pattern_(pattern) {}
 
-FileSearch::FileSearch(DiskPath file, const CodePage& codePage)
+FileSearch::FileSearch(const DiskPath& file, const CodePage& codePage)
     : folder_{parentOf(file.text), file.rootLength}, codePage_(codePage), namesRead_(true) {
     std::string name = nameOf(file.text);
     std::string written = writtenName(folder_.text, name, codePage);

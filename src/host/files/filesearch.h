@@ -23,7 +23,7 @@ public:
     /// All that matches `pattern` in `folder`.
     FileSearch(DiskPath folder, std::string_view pattern, const CodePage& codePage);
     /// One file alone, if it exists.
-    FileSearch(DiskPath file, const CodePage& codePage);
+    FileSearch(const DiskPath& file, const CodePage& codePage);
 
     /// The next file; false if there is none.
     bool next(platform::WIN32_FIND_DATAA& found);

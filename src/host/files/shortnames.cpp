@@ -86,8 +86,8 @@ bool canBeWritten(std::string_view name, const CodePage& codePage) {
     if (isAscii(name)) {
         return true;
     }
-    const std::u16string text = utf16FromUtf8(name);
-    return utf8FromUtf16(text) == name && codePage.holds(text);
+    // Bytes that are no UTF-8 become a character that no code page holds.
+    return codePage.holds(utf16FromUtf8(name));
 }
 
 bool isShort(std::string_view name, const CodePage& codePage) {
