@@ -68,7 +68,9 @@ int main(int argc, char** argv) {
         Files files;
         const Library& library = files.load(input);
         idlc::Options options;
-        options.output = given["output"];
+        if (given.contains("output")) {
+            options.output = given["output"];
+        }
         if (given.contains("classes")) {
             options.classes = given["classes"];
         }
