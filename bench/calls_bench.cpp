@@ -118,12 +118,13 @@ BENCHMARK(wholeTree);
 
 int main(int argc, char** argv) {
     const moxHub keep = moxHub::create(); // the server stays loaded
-    return mox::bench::runWithRatios(argc, argv,
-                                     {
-                                         {"property get, a number, against a virtual call", "valueProperty", "virtualCall", 5},
-                                         {"property get, an object, against a virtual call", "objectProperty", "virtualCall", 5},
-                                         {"Invoke by identifier, two arguments", "invokeById", "virtualCall", 40},
-                                         {"name look-up and Invoke", "invokeByName", "virtualCall", 60},
-                                         {"whole tree, a class, against malloc and free", "wholeTree", "mallocAndFree", 60, classesInTree},
-                                     });
+    return mox::bench::runWithRatios(
+        argc, argv,
+        {
+            {"property get, a number, against a virtual call", "valueProperty", "virtualCall", 5},
+            {"property get, an object, against a virtual call", "objectProperty", "virtualCall", 5},
+            {"Invoke by identifier, two arguments", "invokeById", "virtualCall", 40},
+            {"name look-up and Invoke", "invokeByName", "virtualCall", 60},
+            {"whole tree, a class, against malloc and free", "wholeTree", "mallocAndFree", 60, classesInTree},
+        });
 }

@@ -9,7 +9,9 @@
 class Peer : public QObject {
     Q_OBJECT
 public:
-    Q_INVOKABLE int makeDWord(short low, short high) { return static_cast<int>(static_cast<unsigned>(high) << 16 | static_cast<unsigned short>(low)); }
+    Q_INVOKABLE int makeDWord(short low, short high) {
+        return static_cast<int>(static_cast<unsigned>(high) << 16 | static_cast<unsigned short>(low));
+    }
 };
 
 namespace {
@@ -18,7 +20,8 @@ void qtInvokeByName(benchmark::State& state) {
     Peer peer;
     for (auto _ : state) {
         int result = 0;
-        QMetaObject::invokeMethod(&peer, "makeDWord", Qt::DirectConnection, Q_RETURN_ARG(int, result), Q_ARG(short, 5), Q_ARG(short, 3));
+        QMetaObject::invokeMethod(&peer, "makeDWord", Qt::DirectConnection, Q_RETURN_ARG(int, result), Q_ARG(short, 5),
+                                  Q_ARG(short, 3));
         benchmark::DoNotOptimize(result);
     }
 }
@@ -45,7 +48,8 @@ BENCHMARK(invokeByName);
 
 int main(int argc, char** argv) {
     return mox::bench::runWithRatios(
-        argc, argv, {{"name look-up and Invoke, against QMetaObject::invokeMethod by name", "invokeByName", "qtInvokeByName", 1.0 / 3}});
+        argc, argv,
+        {{"name look-up and Invoke, against QMetaObject::invokeMethod by name", "invokeByName", "qtInvokeByName", 1.0 / 3}});
 }
 
 #include "qt_bench.moc"

@@ -46,36 +46,40 @@ void copy(benchmark::State& state) {
 }
 BENCHMARK(copy);
 
-template <class Call>
-void measure(const std::string& name, Call call, String (*input)(std::size_t) = &sample) {
+template <class Call> void measure(const std::string& name, Call call, String (*input)(std::size_t) = &sample) {
     for (const std::size_t length : {shortLength, longLength}) {
-        benchmark::RegisterBenchmark((name + (length == shortLength ? "Short" : "")).c_str(), [call, length, input](benchmark::State& state) {
-            const String text = input(length);
-            for (auto _ : state) {
-                benchmark::DoNotOptimize(call(text));
-            }
-        });
+        benchmark::RegisterBenchmark((name + (length == shortLength ? "Short" : "")).c_str(),
+                                     [call, length, input](benchmark::State& state) {
+                                         const String text = input(length);
+                                         for (auto _ : state) {
+                                             benchmark::DoNotOptimize(call(text));
+                                         }
+                                     });
     }
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    // The allocator keeps its memory, as in a program that has run for a while; else the system's zeroing of new pages is what is measured.
+    // The allocator keeps its memory, as in a program that has run for a while; else the system's zeroing of new pages is what is
+    // measured.
     mallopt(M_MMAP_THRESHOLD, 64 << 20);
     mallopt(M_TRIM_THRESHOLD, 256 << 20);
     measure("URLEncode", [](const String& text) { return object().URLEncode(text); });
     measure("URLDecode", [](const String& text) { return object().URLDecode(text); });
     measure("Conv2HexString", [](const String& text) { return object().Conv2HexString(text); });
-    measure("Conv2HexStringBack", [](const String& text) { return object().Conv2HexString(text, True); }, &hexadecimalSample);
+    measure(
+        "Conv2HexStringBack", [](const String& text) { return object().Conv2HexString(text, True); }, &hexadecimalSample);
     measure("StringChecksum", [](const String& text) { return object().StringChecksum(text); });
     measure("StringEntities", [](const String& text) { return object().StringEntities(text, True); });
     std::vector<bench::Ratio> ratios;
     for (const char* name : {"URLEncode", "URLDecode", "Conv2HexString", "Conv2HexStringBack", "StringChecksum"}) {
         ratios.push_back({std::string(name) + " against memcpy of its input", name, "copy", 30});
     }
-    for (const char* name : {"URLEncode", "URLDecode", "Conv2HexString", "Conv2HexStringBack", "StringChecksum", "StringEntities"}) {
-        ratios.push_back({std::string(name) + " on eight times the text, against eight times the time", name, std::string(name) + "Short", 1.5, factor});
+    for (const char* name :
+         {"URLEncode", "URLDecode", "Conv2HexString", "Conv2HexStringBack", "StringChecksum", "StringEntities"}) {
+        ratios.push_back({std::string(name) + " on eight times the text, against eight times the time", name,
+                          std::string(name) + "Short", 1.5, factor});
     }
     return bench::runWithRatios(argc, argv, ratios);
 }

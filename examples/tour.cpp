@@ -15,7 +15,8 @@ int main(int argc, char** argv) {
                     hub.ExtensionInfo(moxext_UsedByApp).as<String>().utf8().c_str());
 
         const moxVars vars = hub.Vars();
-        std::printf("1 inch is %.4f cm, A4 is %.1f points wide\n", vars.ConvertUnit(1, suINCH, suCM), vars.ConvertUnit(210, suMM, suPOINTS));
+        std::printf("1 inch is %.4f cm, A4 is %.1f points wide\n", vars.ConvertUnit(1, suINCH, suCM),
+                    vars.ConvertUnit(210, suMM, suPOINTS));
         Long flags = 0;
         vars.vLong().SetBit(flags, 31, true);
         std::printf("bit 31 alone is %d; FFFF reads as %d\n", flags, vars.Hex2Long(u"FFFF"));
@@ -33,7 +34,8 @@ int main(int argc, char** argv) {
         Array<POINTAPI> corners;
         RECT bounds;
         vars.vMath().RotateRect(page, 30, corners, bounds);
-        std::printf("a page of 210 x 297 turned by 30 degrees needs %d x %d\n", bounds.Right - bounds.Left, bounds.Bottom - bounds.Top);
+        std::printf("a page of 210 x 297 turned by 30 degrees needs %d x %d\n", bounds.Right - bounds.Left,
+                    bounds.Bottom - bounds.Top);
 
         try {
             hub.Form();

@@ -26,7 +26,8 @@ String randomText(FuzzedDataProvider& data) {
     const std::string bytes = data.ConsumeRandomLengthString(40);
     std::u16string text;
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        text += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) | static_cast<unsigned char>(bytes[i + 1]) << (bytes[i] & 1 ? 8 : 0));
+        text += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) | static_cast<unsigned char>(bytes[i + 1])
+                                                                                 << (bytes[i] & 1 ? 8 : 0));
     }
     return text;
 }
@@ -47,16 +48,14 @@ struct Places {
     TRL_OBKR_MOX::POINTAPI points[4] = {};
 };
 
-template <class Value>
-Variant byReference(Value& place) {
+template <class Value> Variant byReference(Value& place) {
     Variant argument;
     argument.vt = VT_BYREF | variantType<Value>;
     argument.byref = &place;
     return argument;
 }
 
-template <class Record>
-Variant recordByReference(Record& place, const Ref<IRecordInfo>& info) {
+template <class Record> Variant recordByReference(Record& place, const Ref<IRecordInfo>& info) {
     Variant argument;
     argument.vt = VT_BYREF | VT_RECORD;
     argument.pvRecord = &place;
@@ -141,14 +140,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         for (DISPID& name : names) {
             name = data.ConsumeIntegralInRange<DISPID>(-4, 8);
         }
-        DISPPARAMS parameters{arguments.data(), names.data(), static_cast<UINT>(arguments.size()), static_cast<UINT>(names.size())};
+        DISPPARAMS parameters{arguments.data(), names.data(), static_cast<UINT>(arguments.size()),
+                              static_cast<UINT>(names.size())};
         Variant result;
         EXCEPINFO exception{};
         UINT badArgument = 0;
         const auto id = data.ConsumeIntegralInRange<DISPID>(-1, 14);
         const auto flags = data.ConsumeIntegralInRange<WORD>(0, 15);
-        const HRESULT status =
-            object->Invoke(id, GUID_NULL, 0, flags, &parameters, data.ConsumeBool() ? result.out() : nullptr, &exception, &badArgument);
+        const HRESULT status = object->Invoke(id, GUID_NULL, 0, flags, &parameters, data.ConsumeBool() ? result.out() : nullptr,
+                                              &exception, &badArgument);
         if (SUCCEEDED(status) == (exception.scode != 0)) {
             if (status == DISP_E_EXCEPTION || SUCCEEDED(status)) {
                 std::abort(); // an exception without a code, or a code without an exception

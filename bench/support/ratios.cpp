@@ -53,8 +53,8 @@ int runWithRatios(int argc, char** argv, const std::vector<Ratio>& ratios) {
         const double value = measured / unit;
         const bool over = value > ratio.limit;
         failed |= over;
-        std::printf("%-60s %8.2f  (limit %g)%s   [%.1f ns / %.1f ns]\n", ratio.what.c_str(), value, ratio.limit, over ? "  OVER" : "",
-                    measured * 1e9, unit * 1e9);
+        std::printf("%-60s %8.2f  (limit %g)%s   [%.1f ns / %.1f ns]\n", ratio.what.c_str(), value, ratio.limit,
+                    over ? "  OVER" : "", measured * 1e9, unit * 1e9);
     }
     return failed;
 }

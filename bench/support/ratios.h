@@ -17,7 +17,8 @@ struct Ratio {
     double scale = 1;
 };
 
-/// Runs all registered benchmarks, several times each, and prints the ratios of their medians. The answer is the exit code: 1 if a ratio is above its limit.
+/// Runs all registered benchmarks, several times each, and prints the ratios of their medians. The answer is the exit code: 1 if
+/// a ratio is above its limit.
 int runWithRatios(int argc, char** argv, const std::vector<Ratio>& ratios);
 
 } // namespace mox::bench

@@ -9,8 +9,7 @@
 namespace mox {
 
 /// Counts references atomically and answers for `Interfaces`. The first reference is the creator's.
-template <class First, class... Others>
-class SharedObject : public First, public Others... {
+template <class First, class... Others> class SharedObject : public First, public Others... {
 public:
     SharedObject() = default;
     virtual ~SharedObject() = default;
@@ -54,8 +53,7 @@ private:
 };
 
 /// A new helper object under its first interface.
-template <class Interface, class Class, class... Arguments>
-Ref<Interface> makeShared(Arguments&&... arguments) {
+template <class Interface, class Class, class... Arguments> Ref<Interface> makeShared(Arguments&&... arguments) {
     return Ref<Interface>::attach(std::make_unique<Class>(std::forward<Arguments>(arguments)...).release());
 }
 

@@ -11,7 +11,8 @@
 
 namespace mox::server {
 
-/// The codes of a text's characters in the system's code page. A character that the code page lacks has the code of its replacement.
+/// The codes of a text's characters in the system's code page. A character that the code page lacks has the code of its
+/// replacement.
 class AnsiCodes {
 public:
     explicit AnsiCodes(std::u16string_view text);

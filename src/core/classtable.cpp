@@ -19,8 +19,7 @@ namespace mox::server {
 
 namespace {
 
-template <class Class>
-Ref<IDispatch> make() {
+template <class Class> Ref<IDispatch> make() {
     return makeObject<Class>();
 }
 

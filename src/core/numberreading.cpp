@@ -44,7 +44,8 @@ private:
 Double readBits(Reader& reader, unsigned bitsOfDigit, unsigned digitsOf16Bits) {
     std::uint64_t value = 0;
     unsigned digits = 0;
-    for (Long digit = hexadecimalDigit(reader.peek()); digit >= 0 && digit < (1 << bitsOfDigit); digit = hexadecimalDigit(reader.peek())) {
+    for (Long digit = hexadecimalDigit(reader.peek()); digit >= 0 && digit < (1 << bitsOfDigit);
+         digit = hexadecimalDigit(reader.peek())) {
         value = (value << bitsOfDigit) | static_cast<std::uint64_t>(digit);
         ++digits;
         if (value > 0xFFFFFFFFu) {

@@ -5,10 +5,10 @@
 
 namespace mox::server {
 
-/// The number that a text begins with. Blanks, tabs and line feeds are skipped, also between digits; reading stops at the first character that cannot
-/// belong to a number; 0 if nothing is left. Only "." is a decimal point. Exponents follow E or D. After "&H" or "&O" hexadecimal or
-/// octal digits: those that fit into 16 bits in up to four (octal: six) digits count as a signed 16-bit number, longer ones as a signed 32-bit
-/// number. Error 6 if no `Double`, or for a prefix no 32 bits, can hold the number.
+/// The number that a text begins with. Blanks, tabs and line feeds are skipped, also between digits; reading stops at the first
+/// character that cannot belong to a number; 0 if nothing is left. Only "." is a decimal point. Exponents follow E or D. After
+/// "&H" or "&O" hexadecimal or octal digits: those that fit into 16 bits in up to four (octal: six) digits count as a signed
+/// 16-bit number, longer ones as a signed 32-bit number. Error 6 if no `Double`, or for a prefix no 32 bits, can hold the number.
 Double Val(std::u16string_view text);
 
 /// The value of a hexadecimal digit, or -1.

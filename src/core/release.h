@@ -5,9 +5,9 @@
 
 namespace mox::server {
 
-/// Releases fields one after the other in the order given. Members of a C++ object would go in the opposite order of their declaration.
-template <class... Interfaces>
-void releaseInOrder(Ref<Interfaces>&... fields) noexcept {
+/// Releases fields one after the other in the order given. Members of a C++ object would go in the opposite order of their
+/// declaration.
+template <class... Interfaces> void releaseInOrder(Ref<Interfaces>&... fields) noexcept {
     (static_cast<void>(fields = nullptr), ...);
 }
 

@@ -62,8 +62,8 @@ struct Kernel32 : SystemLibrary {
     Operation<bool(Handle search, WIN32_FIND_DATAA& found)> FindNextFileA{*this, "FindNextFileA", false};
     Operation<bool(Handle search)> FindClose{*this, "FindClose", false, givesBack};
 
-    /// The path with every part in its short form. Gives the length without the final NUL when `buffer` holds text and NUL, else the length that
-    /// is needed with the NUL; 0 on failure.
+    /// The path with every part in its short form. Gives the length without the final NUL when `buffer` holds text and NUL, else
+    /// the length that is needed with the NUL; 0 on failure.
     Operation<std::uint32_t(std::string_view path, std::span<char> buffer)> GetShortPathNameA{*this, "GetShortPathNameA", 0};
     /// The folder for temporary files, with a backslash at its end; lengths as for GetShortPathNameA.
     Operation<std::uint32_t(std::span<char> buffer)> GetTempPathA{*this, "GetTempPathA", 0};
@@ -72,13 +72,14 @@ struct Kernel32 : SystemLibrary {
     Operation<bool(std::string_view path, std::uint32_t attributes)> SetFileAttributesA{*this, "SetFileAttributesA", false};
 
     Operation<std::uint32_t(std::string_view root)> GetDriveTypeA{*this, "GetDriveTypeA", DRIVE_UNKNOWN};
-    Operation<bool(std::string_view root, std::uint32_t& sectorsPerCluster, std::uint32_t& bytesPerSector, std::uint32_t& freeClusters,
-                   std::uint32_t& clusters)>
+    Operation<bool(std::string_view root, std::uint32_t& sectorsPerCluster, std::uint32_t& bytesPerSector,
+                   std::uint32_t& freeClusters, std::uint32_t& clusters)>
         GetDiskFreeSpaceA{*this, "GetDiskFreeSpaceA", false};
 
     Operation<std::uint32_t()> GetCurrentProcessId{*this, "GetCurrentProcessId", 0};
     /// A snapshot of what `flags` names; here always processes. `invalidHandle` on failure.
-    Operation<Handle(std::uint32_t flags, std::uint32_t process)> CreateToolhelp32Snapshot{*this, "CreateToolhelp32Snapshot", invalidHandle};
+    Operation<Handle(std::uint32_t flags, std::uint32_t process)> CreateToolhelp32Snapshot{*this, "CreateToolhelp32Snapshot",
+                                                                                           invalidHandle};
     /// False at the end, or if `dwSize` is not the size of the record, 296.
     Operation<bool(Handle snapshot, PROCESSENTRY32& entry)> Process32First{*this, "Process32First", false};
     Operation<bool(Handle snapshot, PROCESSENTRY32& entry)> Process32Next{*this, "Process32Next", false};
@@ -88,8 +89,9 @@ struct Kernel32 : SystemLibrary {
     /// Milliseconds since the system started, modulo 2 to the power 32.
     Operation<std::uint32_t()> GetTickCount{*this, "GetTickCount", 0};
 
-    /// Text to bytes of a code page and back; characters that the other side lacks become its replacement character. The answer is the
-    /// number of units that were written, or that are needed if the buffer is empty; 0 if the buffer is too small or the code page unknown.
+    /// Text to bytes of a code page and back; characters that the other side lacks become its replacement character. The answer
+    /// is the number of units that were written, or that are needed if the buffer is empty; 0 if the buffer is too small or the
+    /// code page unknown.
     Operation<std::int32_t(std::uint32_t codePage, std::u16string_view text, std::span<char> bytes)> WideCharToMultiByte{
         *this, "WideCharToMultiByte", 0};
     Operation<std::int32_t(std::uint32_t codePage, std::string_view bytes, std::span<char16_t> text)> MultiByteToWideChar{

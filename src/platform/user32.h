@@ -17,13 +17,15 @@ using TimerProcedure = std::function<void(std::uint32_t timer, std::uint32_t tim
 struct User32 : SystemLibrary {
     User32() : SystemLibrary("user32") {}
 
-    /// Shows a message and waits for the answer. A machine without anybody to ask answers at once with IDCANCEL, or IDOK where there is no choice.
+    /// Shows a message and waits for the answer. A machine without anybody to ask answers at once with IDCANCEL, or IDOK where
+    /// there is no choice.
     Operation<std::int32_t(Handle owner, std::string_view text, std::string_view caption, std::uint32_t style)> MessageBoxA{
         *this, "MessageBoxA", 0};
 
-    /// A timer of the calling thread; `procedure` runs from its message loop every `milliseconds`. The number is unique among the running timers of
-    /// the thread; 0 on failure.
-    Operation<std::uint32_t(Handle window, std::uint32_t id, std::uint32_t milliseconds, TimerProcedure procedure)> SetTimer{*this, "SetTimer", 0};
+    /// A timer of the calling thread; `procedure` runs from its message loop every `milliseconds`. The number is unique among the
+    /// running timers of the thread; 0 on failure.
+    Operation<std::uint32_t(Handle window, std::uint32_t id, std::uint32_t milliseconds, TimerProcedure procedure)> SetTimer{
+        *this, "SetTimer", 0};
     Operation<bool(Handle window, std::uint32_t timer)> KillTimer{*this, "KillTimer", false};
 };
 

@@ -37,7 +37,8 @@ std::uint32_t ChecksumTable::update(std::uint32_t crc, std::span<const Byte> byt
         crc = 0;
         for (std::size_t i = 0; i < words.size(); ++i) {
             const auto* rows = table + bytesAtOnce - 4 * (i + 1);
-            crc ^= rows[3][words[i] & 0xFF] ^ rows[2][words[i] >> 8 & 0xFF] ^ rows[1][words[i] >> 16 & 0xFF] ^ rows[0][words[i] >> 24];
+            crc ^= rows[3][words[i] & 0xFF] ^ rows[2][words[i] >> 8 & 0xFF] ^ rows[1][words[i] >> 16 & 0xFF] ^
+                   rows[0][words[i] >> 24];
         }
     }
     for (const Byte byte : bytes) {

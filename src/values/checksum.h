@@ -9,8 +9,8 @@
 
 namespace mox::server {
 
-/// The table of the reflected CRC-32 with the polynomial 0xEDB88320, and its powers, so that sixteen bytes go at once. Not the common CRC-32: the
-/// register starts at 0.
+/// The table of the reflected CRC-32 with the polynomial 0xEDB88320, and its powers, so that sixteen bytes go at once. Not the
+/// common CRC-32: the register starts at 0.
 class ChecksumTable {
 public:
     /// The register after all bytes.

@@ -18,8 +18,8 @@ constexpr bool isUnescaped(unsigned code) {
     return (code - u'0' < 10) | ((code | 0x20) - u'a' < 26);
 }
 
-/// The escape of one code: up to three characters, and behind them their number. All four go to the result at once, and what is not part of the
-/// escape is written over by the next one.
+/// The escape of one code: up to three characters, and behind them their number. All four go to the result at once, and what is
+/// not part of the escape is written over by the next one.
 struct alignas(8) Escape {
     std::array<char16_t, 3> text{};
     std::uint16_t length = 0;
@@ -51,8 +51,8 @@ constexpr std::array<std::array<char16_t, 2>, 256> digitPairs = [] {
     return table;
 }();
 
-/// Pairs of characters as codes, as number reading takes them. Good digits go all at once, with nothing but arithmetic, so that compilers make vector
-/// code of it; if there are others, the pairs are read one by one.
+/// Pairs of characters as codes, as number reading takes them. Good digits go all at once, with nothing but arithmetic, so that
+/// compilers make vector code of it; if there are others, the pairs are read one by one.
 template <std::size_t count> void codesOfPairs(const char16_t* text, std::array<Byte, count>& codes) {
     std::array<std::uint16_t, 2 * count> values;
     std::uint16_t good = 0xFFFF;

@@ -7,7 +7,8 @@
 
 namespace mox::server {
 
-/// Digits and unaccented letters stay, a blank becomes "+" or "%20", every other code "%" and two hexadecimal digits (four for a code of two bytes).
+/// Digits and unaccented letters stay, a blank becomes "+" or "%20", every other code "%" and two hexadecimal digits (four for a
+/// code of two bytes).
 String urlEncoded(const AnsiCodes& codes, bool plusForSpace);
 /// Undoes URL escapes. Nothing if the last escape reaches beyond the end of the text.
 std::optional<String> urlDecoded(std::u16string_view text);

@@ -47,7 +47,8 @@ Point turned(const POINTAPI& point, Point center, Double cosine, Double sine) {
 }
 
 Point centerOf(const RECT& rc) {
-    return {toSingle(rc.Left + static_cast<Double>(rc.Right - rc.Left) / 2), toSingle(rc.Top + static_cast<Double>(rc.Bottom - rc.Top) / 2)};
+    return {toSingle(rc.Left + static_cast<Double>(rc.Right - rc.Left) / 2),
+            toSingle(rc.Top + static_cast<Double>(rc.Bottom - rc.Top) / 2)};
 }
 
 /// Fills `ptRotated` with the turned corners, and `rcRotatedBoundaries` with the smallest rectangle around them.
@@ -99,7 +100,8 @@ Double moxVarMath::CosinusTenths(Integer TenthsDegree) {
 
 void moxVarMath::RotateRectEx(const RECT& rcRotate, Integer Degree, Single xOrigin, Single yOrigin, Array<POINTAPI>& ptRotated,
                               RECT& rcRotatedBoundaries) {
-    rotateCorners(rcRotate, ptRotated, rcRotatedBoundaries, [&](POINTAPI& corner) { RotatePoint(corner, xOrigin, yOrigin, Degree); });
+    rotateCorners(rcRotate, ptRotated, rcRotatedBoundaries,
+                  [&](POINTAPI& corner) { RotatePoint(corner, xOrigin, yOrigin, Degree); });
 }
 
 void moxVarMath::RotateRectTenthsDegree(const RECT& rcRotate, Integer TenthsDegree, Array<POINTAPI>& ptRotated,

@@ -8,8 +8,8 @@ namespace mox::server {
 
 using namespace TRL_OBKR_MOX;
 
-/// Sine and cosine by table, and rotation on them, in whole degrees or tenths. The Y axis points down. The tables run backwards: the sine is that of
-/// the negated angle, and a positive angle turns counter-clockwise on the screen.
+/// Sine and cosine by table, and rotation on them, in whole degrees or tenths. The Y axis points down. The tables run backwards:
+/// the sine is that of the negated angle, and a positive angle turns counter-clockwise on the screen.
 class moxVarMath final : public Implements<moxVarMath> {
 public:
     void RotateRect(const RECT& rcRotate, Integer Degree, Array<POINTAPI>& ptRotated, RECT& rcRotatedBoundaries);
@@ -19,7 +19,8 @@ public:
     Double CosinusTenths(Integer TenthsDegree);
     void RotateRectEx(const RECT& rcRotate, Integer Degree, Single xOrigin, Single yOrigin, Array<POINTAPI>& ptRotated,
                       RECT& rcRotatedBoundaries);
-    void RotateRectTenthsDegree(const RECT& rcRotate, Integer TenthsDegree, Array<POINTAPI>& ptRotated, RECT& rcRotatedBoundaries);
+    void RotateRectTenthsDegree(const RECT& rcRotate, Integer TenthsDegree, Array<POINTAPI>& ptRotated,
+                                RECT& rcRotatedBoundaries);
     Double Sinus(Integer Degree);
     Double SinusTenths(Integer TenthsDegree);
 

@@ -6,8 +6,8 @@ namespace mox::server {
 
 using namespace TRL_OBKR_MOX;
 
-/// Rectangles. Those made from a position and a size are inclusive: a width of 1 has `Right` equal to `Left`. The members that change a
-/// rectangle in place return an empty Variant.
+/// Rectangles. Those made from a position and a size are inclusive: a width of 1 has `Right` equal to `Left`. The members that
+/// change a rectangle in place return an empty Variant.
 class moxVarRect final : public Implements<moxVarRect> {
 public:
     Variant MoveRect(RECT& rc, Long xOff, Long yOff);

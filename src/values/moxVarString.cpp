@@ -37,9 +37,7 @@ String moxVarString::URLEncode(const String& StringToEncode, Boolean UsePlusRath
         return StringToEncode;
     }
     String result = StringToEncode;
-    trapAndLeave([&] {
-        result = urlEncoded(AnsiCodes(StringToEncode), UsePlusRatherThanHexForSpace == True);
-    });
+    trapAndLeave([&] { result = urlEncoded(AnsiCodes(StringToEncode), UsePlusRatherThanHexForSpace == True); });
     return result;
 }
 
@@ -78,8 +76,8 @@ String moxVarString::Conv2HexString(const String& Str2Conv, Boolean bConvBack) {
     return bConvBack == True ? fromHexadecimal(Str2Conv) : hexadecimal(AnsiCodes(Str2Conv));
 }
 
-String moxVarString::StringTrimRight(const String& String2Trim, Boolean bTrimSpace, Boolean bTrimCR, Boolean bTrimLF, Boolean bTrimChar0,
-                                     Boolean bTrimTab) {
+String moxVarString::StringTrimRight(const String& String2Trim, Boolean bTrimSpace, Boolean bTrimCR, Boolean bTrimLF,
+                                     Boolean bTrimChar0, Boolean bTrimTab) {
     std::u16string_view text = String2Trim;
     const auto isTrimmed = [&](char16_t c) {
         return (c == u' ' && bTrimSpace == True) || (c == u'\r' && bTrimCR == True) || (c == u'\n' && bTrimLF == True) ||

@@ -6,8 +6,8 @@
 
 namespace mox::server {
 
-/// Text conversions around the web and user input. "ANSI code" is the byte that a character has in the system's code page: escapes, checksum and
-/// hexadecimal text are made of these, not of UTF-8.
+/// Text conversions around the web and user input. "ANSI code" is the byte that a character has in the system's code page:
+/// escapes, checksum and hexadecimal text are made of these, not of UTF-8.
 class moxVarString final : public Implements<moxVarString> {
 public:
     String URLEncode(const String& StringToEncode, Boolean UsePlusRatherThanHexForSpace);

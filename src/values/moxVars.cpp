@@ -14,7 +14,8 @@ namespace mox::server {
 
 namespace {
 
-/// Twips in one unit; nothing for a unit that does not exist. The metric factors are the library's own round numbers, not 1440 / 25.4.
+/// Twips in one unit; nothing for a unit that does not exist. The metric factors are the library's own round numbers, not 1440
+/// / 25.4.
 std::optional<Double> twipsPerUnit(MOX_SCALEUNIT unit) {
     switch (unit) {
     case suTWIP:

@@ -11,7 +11,8 @@ namespace mox::server {
 
 namespace {
 
-/// Where the characters of four escapes come from. The source has four rows of four bytes: the codes, their high digits, their low digits, and "%".
+/// Where the characters of four escapes come from. The source has four rows of four bytes: the codes, their high digits, their
+/// low digits, and "%".
 struct Selection {
     alignas(16) std::array<Byte, 16> bytes{};
     std::size_t length = 0;
@@ -39,13 +40,15 @@ constexpr std::array<Selection, 16> selections = [] {
     return table;
 }();
 
-/// All bits of a byte where it lies from `first` to `last`. Bytes compare as signed numbers, so both are moved down by half the range.
+/// All bits of a byte where it lies from `first` to `last`. Bytes compare as signed numbers, so both are moved down by half the
+/// range.
 __attribute__((target("ssse3"))) inline __m128i between(__m128i bytes, char first, char last) {
     const __m128i moved = _mm_sub_epi8(bytes, _mm_set1_epi8(static_cast<char>(first + 128)));
     return _mm_cmplt_epi8(moved, _mm_set1_epi8(static_cast<char>(last - first + 1 - 128)));
 }
 
-__attribute__((target("ssse3"))) UrlProgress encode(std::span<const Byte> codes, bool plusForSpace, char16_t* result, const char16_t* limit) {
+__attribute__((target("ssse3"))) UrlProgress encode(std::span<const Byte> codes, bool plusForSpace, char16_t* result,
+                                                    const char16_t* limit) {
     constexpr std::size_t atOnce = 16;
     constexpr std::ptrdiff_t most = 3 * atOnce + 4; // what four groups of four codes may write, and write over
     const __m128i digits = _mm_setr_epi8('0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'A', 'B', 'C', 'D', 'E', 'F');
@@ -72,7 +75,8 @@ __attribute__((target("ssse3"))) UrlProgress encode(std::span<const Byte> codes,
             const __m128i source = group & 1 ? _mm_unpackhi_epi64(codesAndHigh[group / 2], lowAndPercents[group / 2])
                                              : _mm_unpacklo_epi64(codesAndHigh[group / 2], lowAndPercents[group / 2]);
             const Selection& selection = selections[unescaped & 0xF];
-            const __m128i escapes = _mm_shuffle_epi8(source, _mm_load_si128(reinterpret_cast<const __m128i*>(selection.bytes.data())));
+            const __m128i escapes =
+                _mm_shuffle_epi8(source, _mm_load_si128(reinterpret_cast<const __m128i*>(selection.bytes.data())));
             auto* const place = reinterpret_cast<__m128i*>(progress.end);
             _mm_storeu_si128(place, _mm_unpacklo_epi8(escapes, _mm_setzero_si128()));
             _mm_storeu_si128(place + 1, _mm_unpackhi_epi8(escapes, _mm_setzero_si128()));

@@ -13,8 +13,8 @@ struct UrlProgress {
     char16_t* end = nullptr;
 };
 
-/// Writes the escapes of the first codes, four at a time, to `result`; what it does not do (on other processors all) is left to the caller. Up to 16 characters behind
-/// the end are written over, so it stops when less than that are left before `limit`.
+/// Writes the escapes of the first codes, four at a time, to `result`; what it does not do (on other processors all) is left to
+/// the caller. Up to 16 characters behind the end are written over, so it stops when less than that are left before `limit`.
 UrlProgress encodeManyForUrl(std::span<const Byte> codes, bool plusForSpace, char16_t* result, const char16_t* limit);
 
 } // namespace mox::server

@@ -18,7 +18,8 @@ struct State {
 };
 
 void remove(std::vector<Ref<_moxTimer>>& timers, moxTimer& Timer) {
-    const auto entry = std::ranges::find_if(timers, [&](const auto& other) { return implementationOf<moxTimer>(other.get()) == &Timer; });
+    const auto entry =
+        std::ranges::find_if(timers, [&](const auto& other) { return implementationOf<moxTimer>(other.get()) == &Timer; });
     if (entry != timers.end()) {
         const Ref<_moxTimer> last = std::move(*entry); // goes when the list is in order again
         timers.erase(entry);
@@ -52,8 +53,8 @@ bool SetTimerObject(moxTimer& Timer, Long Interval) {
     }
     if (Interval > 0) {
         timers.push_back(&Timer);
-        Timer.nTimerID =
-            static_cast<Long>(platform::user32().SetTimer(0, 0, static_cast<std::uint32_t>(std::max(Interval, shortest)), &TimerProc));
+        Timer.nTimerID = static_cast<Long>(
+            platform::user32().SetTimer(0, 0, static_cast<std::uint32_t>(std::max(Interval, shortest)), &TimerProc));
         if (Timer.nTimerID == 0) {
             remove(timers, Timer);
         } else {

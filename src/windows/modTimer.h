@@ -9,8 +9,8 @@ class moxTimer;
 
 namespace modTimer {
 
-/// Stops `Timer`'s platform timer, if it has one, and with `Interval` above 0 starts a new one of at least 10 milliseconds. True if the platform
-/// gave a timer; with `Interval` 0 true if one ran.
+/// Stops `Timer`'s platform timer, if it has one, and with `Interval` above 0 starts a new one of at least 10 milliseconds. True
+/// if the platform gave a timer; with `Interval` 0 true if one ran.
 bool SetTimerObject(moxTimer& Timer, Long Interval);
 
 } // namespace modTimer

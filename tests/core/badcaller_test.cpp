@@ -31,13 +31,11 @@ std::map<std::u16string_view, Ref<IDispatch>> allObjects() {
 }
 
 /// A valid argument of a slot: something for every pointer to point to.
-template <class T>
-struct Valid {
+template <class T> struct Valid {
     T value{};
     T argument() { return value; }
 };
-template <class T>
-struct Valid<T*> {
+template <class T> struct Valid<T*> {
     T value{};
     T* argument() { return &value; }
     ~Valid() {
@@ -54,28 +52,23 @@ struct Valid<T*> {
         }
     }
 };
-template <std::derived_from<IUnknown> I>
-struct Valid<I*> {
+template <std::derived_from<IUnknown> I> struct Valid<I*> {
     I* argument() { return nullptr; }
 };
-template <>
-struct Valid<BSTR> {
+template <> struct Valid<BSTR> {
     String value = u"12";
     BSTR argument() { return value.get(); }
 };
 
-template <auto slot>
-struct Caller;
-template <class Interface, class... Arguments, HRESULT (Interface::*slot)(Arguments...)>
-struct Caller<slot> {
+template <auto slot> struct Caller;
+template <class Interface, class... Arguments, HRESULT (Interface::*slot)(Arguments...)> struct Caller<slot> {
     static constexpr bool takesPlaces = (std::is_pointer_v<Arguments> || ...);
 
     /// Every argument zero: null wherever a pointer is wanted.
     static HRESULT withZeros(IDispatch* object) { return (static_cast<Interface*>(object)->*slot)(Arguments{}...); }
 
     /// Valid arguments and, if there is a result, its place full of garbage before the call.
-    template <bool hasResult>
-    static HRESULT withDirtyResult(IDispatch* object, bool& cleared) {
+    template <bool hasResult> static HRESULT withDirtyResult(IDispatch* object, bool& cleared) {
         std::tuple<Valid<Arguments>...> arguments;
         if constexpr (hasResult) {
             auto& last = std::get<sizeof...(Arguments) - 1>(arguments).value;
@@ -99,8 +92,7 @@ protected:
     std::map<std::u16string_view, Ref<IDispatch>> objects = allObjects();
 
     /// Runs `check(object, name)` with the slot as template argument for each slot of the classes that have code.
-    template <class Check>
-    void eachSlot(Check&& check) {
+    template <class Check> void eachSlot(Check&& check) {
         int count = 0;
         TRL_OBKR_MOX::visitSlots([&]<auto slot, bool hasResult>(std::u16string_view type, const char* name) {
             if (const auto found = objects.find(type); found != objects.end()) {
@@ -114,7 +106,7 @@ protected:
 };
 
 TEST_F(BadCaller, NullPlacesAreRefused) {
-    eachSlot([]<auto slot, bool hasResult>(IDispatch* object) {
+    eachSlot([]<auto slot, bool hasResult>(IDispatch * object) {
         using Call = Caller<slot>;
         const HRESULT status = Call::withZeros(object);
         // Texts and objects by value may be null, places may not.
@@ -129,7 +121,7 @@ TEST_F(BadCaller, NullPlacesAreRefused) {
 }
 
 TEST_F(BadCaller, DirtyResultPlacesDoNotMatter) {
-    eachSlot([]<auto slot, bool hasResult>(IDispatch* object) {
+    eachSlot([]<auto slot, bool hasResult>(IDispatch * object) {
         bool cleared = false;
         const HRESULT status = Caller<slot>::template withDirtyResult<hasResult>(object, cleared);
         EXPECT_TRUE(SUCCEEDED(status) || status == statusOfRuntimeError(445)) << std::hex << status;
@@ -139,7 +131,7 @@ TEST_F(BadCaller, DirtyResultPlacesDoNotMatter) {
 
 TEST_F(BadCaller, OtherThreadsAreRefused) {
     std::thread([&] {
-        eachSlot([]<auto slot, bool hasResult>(IDispatch* object) {
+        eachSlot([]<auto slot, bool hasResult>(IDispatch * object) {
             bool cleared = false;
             EXPECT_EQ(Caller<slot>::template withDirtyResult<hasResult>(object, cleared), RPC_E_WRONG_THREAD);
             EXPECT_TRUE(cleared);
@@ -169,8 +161,8 @@ HRESULT call(IDispatch* object, const FUNCDESC& function, std::vector<Variant> a
     DISPPARAMS parameters{arguments.data(), named ? &value : nullptr, static_cast<UINT>(arguments.size()), named};
     Variant result;
     EXCEPINFO exception{};
-    const HRESULT status = object->Invoke(function.memid, GUID_NULL, 0, static_cast<WORD>(function.invkind), &parameters, result.out(), &exception,
-                                          &badArgument);
+    const HRESULT status = object->Invoke(function.memid, GUID_NULL, 0, static_cast<WORD>(function.invkind), &parameters,
+                                          result.out(), &exception, &badArgument);
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrDescription);
     SysFreeString(exception.bstrHelpFile);
@@ -187,15 +179,19 @@ TEST_F(BadCaller, WrongCountsAndTypesAreToldByStatus) {
             UINT bad = 99;
             // A property without arguments hands surplus ones on to its object's default member, which most objects lack.
             const HRESULT tooMany = call(target, function, std::vector<Variant>(declared + 1, Variant(Long{1})), bad);
-            EXPECT_TRUE(tooMany == DISP_E_BADPARAMCOUNT || tooMany == DISP_E_MEMBERNOTFOUND || tooMany == DISP_E_EXCEPTION) << tooMany;
-            const auto isOptional = [&](std::size_t i) { return (function.lprgelemdescParam[i].paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0; };
+            EXPECT_TRUE(tooMany == DISP_E_BADPARAMCOUNT || tooMany == DISP_E_MEMBERNOTFOUND || tooMany == DISP_E_EXCEPTION)
+                << tooMany;
+            const auto isOptional = [&](std::size_t i) {
+                return (function.lprgelemdescParam[i].paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0;
+            };
             bool allRequired = true;
             for (std::size_t i = 0; i < declared; ++i) {
                 allRequired &= !isOptional(i);
             }
             if (allRequired && declared > 0) {
                 EXPECT_NE(call(target, function, {}, bad), S_OK);
-                EXPECT_EQ(call(target, function, std::vector<Variant>(declared, Variant::missing()), bad), DISP_E_PARAMNOTOPTIONAL);
+                EXPECT_EQ(call(target, function, std::vector<Variant>(declared, Variant::missing()), bad),
+                          DISP_E_PARAMNOTOPTIONAL);
             }
             // An array of variants converts to nothing that a member of these classes takes.
             for (std::size_t i = 0; i < declared; ++i) {

@@ -2,6 +2,7 @@
 #include "support/invoke.h"
 #include "support/testmachine.h"
 
+#include "automation/objects/apartment.h"
 #include "core/classes.h"
 #include "windows/moxTimer.h"
 
@@ -17,6 +18,9 @@ namespace {
 
 class Timers : public testing::Test {
 protected:
+    /// Timers that a test leaves running go with the apartment, before its machine does.
+    ~Timers() override { Apartment::endCurrent(); }
+
     TestMachine machine;
     moxControls controls{server::create<TRL_OBKR_MOX::_moxControls>()};
     moxTimer timer = controls.CreateTimerObject();
@@ -102,7 +106,9 @@ TEST_F(Timers, GoOnWithoutTheirClient) {
     wait(10);
     EXPECT_EQ(fired.size(), 1u) << "the list of running timers holds it";
     CoInitialize(nullptr);
-    CoUninitialize(); // the end of the apartment ends it
+    CoUninitialize();
+    wait(10);
+    EXPECT_EQ(fired.size(), 1u) << "the end of the apartment ends it";
 }
 
 TEST_F(Timers, SayWhenThePlatformGivesNone) {

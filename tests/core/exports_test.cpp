@@ -86,7 +86,8 @@ TEST_F(ServerFile, GivesFactoriesForCreatableClassesOnly) {
     void* result = &result;
     EXPECT_EQ(getClassObject(GUID_NULL, IID_IClassFactory, &result), CLASS_E_CLASSNOTAVAILABLE);
     EXPECT_EQ(result, nullptr);
-    EXPECT_EQ(getClassObject(bufferClass, IID_IClassFactory, &result), CLASS_E_CLASSNOTAVAILABLE) << "creatable, but without code yet";
+    EXPECT_EQ(getClassObject(bufferClass, IID_IClassFactory, &result), CLASS_E_CLASSNOTAVAILABLE)
+        << "creatable, but without code yet";
     EXPECT_EQ(getClassObject(hubClass, IID_IDispatch, &result), E_NOINTERFACE);
     EXPECT_EQ(getClassObject(hubClass, IID_IClassFactory, nullptr), E_POINTER);
 

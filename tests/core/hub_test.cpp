@@ -48,7 +48,8 @@ TEST_F(Hub, TheGlobalObjectHandsOutOneHub) {
     // The default member may be left out: identifier 0.
     DISPPARAMS nothing{};
     Variant result;
-    ASSERT_EQ(global.get()->Invoke(DISPID_VALUE, GUID_NULL, 0, DISPATCH_PROPERTYGET, &nothing, result.out(), nullptr, nullptr), S_OK);
+    ASSERT_EQ(global.get()->Invoke(DISPID_VALUE, GUID_NULL, 0, DISPATCH_PROPERTYGET, &nothing, result.out(), nullptr, nullptr),
+              S_OK);
     EXPECT_EQ(result.pdispVal, global.mox().get());
 }
 
@@ -65,7 +66,8 @@ TEST_F(Hub, ClassesWithoutCodeSayError445) {
 TEST_F(Hub, TellsFactsAboutItself) {
     EXPECT_EQ(fact(moxext_ProcessID).as<Long>(), getpid());
     EXPECT_EQ(fact(moxext_ThreadID).as<Long>(), gettid());
-    for (const auto& [info, value] : {std::pair{moxext_VersionMajor, 8}, {moxext_VersionMinor, 10}, {moxext_VersionRevision, 100}}) {
+    for (const auto& [info, value] :
+         {std::pair{moxext_VersionMajor, 8}, {moxext_VersionMinor, 10}, {moxext_VersionRevision, 100}}) {
         EXPECT_EQ(fact(info).vt, VT_I4);
         EXPECT_EQ(fact(info).as<Long>(), value);
     }
@@ -87,8 +89,10 @@ TEST_F(Hub, NamesTheProgramThatUsesIt) {
         platform::OperationBase& failing;
         const char* name;
     };
-    for (const Row& row : {Row{platform::kernel32().OpenProcess, "core_test"}, {platform::psapi().EnumProcessModules, "core_test"},
-                           {platform::psapi().GetModuleFileNameExA, "core_test"}, {platform::kernel32().CreateToolhelp32Snapshot, ""},
+    for (const Row& row : {Row{platform::kernel32().OpenProcess, "core_test"},
+                           {platform::psapi().EnumProcessModules, "core_test"},
+                           {platform::psapi().GetModuleFileNameExA, "core_test"},
+                           {platform::kernel32().CreateToolhelp32Snapshot, ""},
                            {platform::kernel32().Process32First, ""}}) {
         row.failing.fail();
         EXPECT_EQ(fact(moxext_UsedByApp).as<String>().utf8(), row.name) << row.failing.fullName();
@@ -128,7 +132,8 @@ TEST_F(Hub, IsBoundToItsThread) {
         EXPECT_EQ(object.get()->raw_SwapEndian(1, &result), RPC_E_WRONG_THREAD);
         EXPECT_EQ(result, 0) << "the place is cleared even so";
         DISPPARAMS nothing{};
-        EXPECT_EQ(hub.get()->Invoke(3, GUID_NULL, 0, DISPATCH_PROPERTYGET, &nothing, nullptr, nullptr, nullptr), RPC_E_WRONG_THREAD);
+        EXPECT_EQ(hub.get()->Invoke(3, GUID_NULL, 0, DISPATCH_PROPERTYGET, &nothing, nullptr, nullptr, nullptr),
+                  RPC_E_WRONG_THREAD);
         void* other = &result;
         EXPECT_EQ(object.get()->QueryInterface(IID_IDispatch, &other), RPC_E_WRONG_THREAD);
         EXPECT_EQ(other, nullptr);

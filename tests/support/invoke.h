@@ -20,7 +20,8 @@ struct Failure {
 };
 
 /// A member by name, with positional arguments in declared order. On failure the result is empty and `failure` says why.
-inline Variant tryInvoke(IDispatch* object, const std::u16string& name, WORD flags, std::vector<Variant> arguments, Failure& failure) {
+inline Variant tryInvoke(IDispatch* object, const std::u16string& name, WORD flags, std::vector<Variant> arguments,
+                         Failure& failure) {
     failure = {};
     DISPID id = DISPID_UNKNOWN;
     std::u16string copy = name;
@@ -44,8 +45,7 @@ inline Variant tryInvoke(IDispatch* object, const std::u16string& name, WORD fla
 }
 
 /// Like `tryInvoke`; a failure is thrown as `Error`.
-template <class... Arguments>
-Variant invoke(IDispatch* object, const std::u16string& name, const Arguments&... arguments) {
+template <class... Arguments> Variant invoke(IDispatch* object, const std::u16string& name, const Arguments&... arguments) {
     Failure failure;
     Variant result =
         tryInvoke(object, name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::vector<Variant>{Variant(arguments)...}, failure);
@@ -57,8 +57,7 @@ Variant invoke(IDispatch* object, const std::u16string& name, const Arguments&..
 }
 
 /// A by-reference argument of exactly this variable's type.
-template <class Value>
-Variant reference(Value& variable) {
+template <class Value> Variant reference(Value& variable) {
     Variant argument;
     argument.vt = VT_BYREF | variantType<Value>;
     argument.byref = &variable;
@@ -66,8 +65,7 @@ Variant reference(Value& variable) {
 }
 
 /// The run-time error number that `body` throws; 0 if it does not.
-template <class Body>
-Long errorOf(Body&& body) {
+template <class Body> Long errorOf(Body&& body) {
     try {
         body();
     } catch (const Error& error) {

@@ -17,8 +17,12 @@ TEST_F(Values, LongWords) {
         Integer low, high;
         Long swapped;
     };
-    for (const Row& row : {Row{0, 0, 0, 0}, {-1, -1, -1, -1}, {65535, -1, 0, static_cast<Long>(0xFFFF0000)},
-                           {lowest, 0, -32768, 0x00000080}, {0x12345678, 0x5678, 0x1234, 0x78563412}, {0xFF, 0xFF, 0, -16777216}}) {
+    for (const Row& row : {Row{0, 0, 0, 0},
+                           {-1, -1, -1, -1},
+                           {65535, -1, 0, static_cast<Long>(0xFFFF0000)},
+                           {lowest, 0, -32768, 0x00000080},
+                           {0x12345678, 0x5678, 0x1234, 0x78563412},
+                           {0xFF, 0xFF, 0, -16777216}}) {
         expectBoth<&moxVarLong::GetLoWord>(object, u"GetLoWord", row.low, row.value);
         expectBoth<&moxVarLong::GetHiWord>(object, u"GetHiWord", row.high, row.value);
         expectBoth<&moxVarLong::SwapEndian>(object, u"SwapEndian", row.swapped, row.value);
@@ -42,19 +46,20 @@ TEST_F(Values, IntegerBytes) {
 }
 
 TEST_F(Values, BitsAreReadUpToTheSignAndNoFurther) {
-    for (const auto& [value, bit, set] : {std::tuple{lowest, 31, true}, {lowest, 30, false}, {1, 0, true}, {1, 32, false}, {-1, 255, false}}) {
+    for (const auto& [value, bit, set] :
+         {std::tuple{lowest, 31, true}, {lowest, 30, false}, {1, 0, true}, {1, 32, false}, {-1, 255, false}}) {
         expectBoth<&moxVarLong::GetBit>(vars.vLong(), u"GetBit", Boolean(set), Long{value}, static_cast<Byte>(bit));
     }
     for (const auto& [value, bit, set] : {std::tuple{-32768, 15, true}, {32767, 15, false}, {1, 16, false}, {-1, 14, true}}) {
-        expectBoth<&moxVarInteger::GetBit>(vars.vInteger(), u"GetBit", Boolean(set), static_cast<Integer>(value), static_cast<Byte>(bit));
+        expectBoth<&moxVarInteger::GetBit>(vars.vInteger(), u"GetBit", Boolean(set), static_cast<Integer>(value),
+                                           static_cast<Byte>(bit));
     }
     for (const auto& [value, bit, set] : {std::tuple{128, 7, true}, {127, 7, false}, {255, 8, false}}) {
         expectBoth<&moxVarByte::GetBit>(vars.vByte(), u"GetBit", Boolean(set), static_cast<Byte>(value), static_cast<Byte>(bit));
     }
 }
 
-template <class Client, class Value>
-void expectSetBit(const Client& object, Value before, Byte bit, Boolean set, Value after) {
+template <class Client, class Value> void expectSetBit(const Client& object, Value before, Byte bit, Boolean set, Value after) {
     Value direct = before;
     object.SetBit(direct, bit, set);
     EXPECT_EQ(direct, after) << +before << " bit " << +bit;
@@ -107,8 +112,7 @@ TEST_F(Values, ValuesAreClampedLowerBoundFirst) {
     EXPECT_EQ(vars.vSingle().MinMax(-largest), -limit);
 }
 
-template <class Client, class Value>
-void expectSwap(const Client& object, Value a, Value b) {
+template <class Client, class Value> void expectSwap(const Client& object, Value a, Value b) {
     const Value wasA = a;
     const Value wasB = b;
     object.SwapValues(a, b);

@@ -51,11 +51,12 @@ std::u16string replaceAll(std::u16string text, std::u16string_view what, std::u1
 TEST_F(Values, OneWalkDoesWhatTheRowsDoOneAfterTheOther) {
     // The definition, on the rows whose order matters and a few others.
     const std::pair<std::u16string_view, std::u16string_view> table[] = {
-        {u"&", u"&amp;"},   {u"\"", u"&quot;"}, {u"\u00A0", u"&nbsp;"}, {u">", u"&gt;"},     {u"<", u"&lt;"},    {u"[", u"&#91;"},
-        {u"|", u"&#124;"}, {u"\r\n", u"<br />"}, {u"\r", u"<br />"},     {u"\n", u"<br />"},
+        {u"&", u"&amp;"}, {u"\"", u"&quot;"}, {u"\u00A0", u"&nbsp;"}, {u">", u"&gt;"},    {u"<", u"&lt;"},
+        {u"[", u"&#91;"}, {u"|", u"&#124;"},  {u"\r\n", u"<br />"},   {u"\r", u"<br />"}, {u"\n", u"<br />"},
     };
-    const std::u16string_view pieces[] = {u"&", u"amp;", u"&amp;", u"lt;", u"gt;", u"<", u">", u"br /", u"<br />", u"\r", u"\n", u"#91;",
-                                          u"&#124;", u"nbsp;", u";", u" ", u"quot;", u"\u00A0", u"x"};
+    const std::u16string_view pieces[] = {u"&",    u"amp;",   u"&amp;", u"lt;",    u"gt;",  u"<",      u">",
+                                          u"br /", u"<br />", u"\r",    u"\n",     u"#91;", u"&#124;", u"nbsp;",
+                                          u";",    u" ",      u"quot;", u"\u00A0", u"x"};
     std::mt19937 random(11);
     for (int i = 0; i < 20000; ++i) {
         std::u16string text;

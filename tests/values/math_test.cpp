@@ -42,14 +42,15 @@ TEST_F(Rotation, PointsTurnCounterClockwiseOnTheScreen) {
         POINTAPI result;
     };
     const Row rows[] = {
-        {{10, 0}, 0, 0, 90, {0, -10}},   {{10, 0}, 0, 0, -90, {0, 10}},     {{10, 0}, 0, 0, 180, {-10, 0}},
-        {{10, 0}, 0, 0, 360, {10, 0}},   {{20, 10}, 10, 10, 90, {10, 0}},   {{7, 7}, 7, 7, 33, {7, 7}},
+        {{10, 0}, 0, 0, 90, {0, -10}},   {{10, 0}, 0, 0, -90, {0, 10}},    {{10, 0}, 0, 0, 180, {-10, 0}},
+        {{10, 0}, 0, 0, 360, {10, 0}},   {{20, 10}, 10, 10, 90, {10, 0}},  {{7, 7}, 7, 7, 33, {7, 7}},
         {{100, 0}, 0, 0, 45, {70, -70}}, {{-100, 0}, 0, 0, 45, {-70, 70}}, {{1, 1}, 0.5f, 0.5f, 180, {0, 0}},
     };
     for (const Row& row : rows) {
         POINTAPI point = row.point;
         object.RotatePoint(point, row.x, row.y, row.degree);
-        EXPECT_EQ(point, row.result) << row.point.X << "," << row.point.Y << " by " << row.degree << " gives " << point.X << "," << point.Y;
+        EXPECT_EQ(point, row.result) << row.point.X << "," << row.point.Y << " by " << row.degree << " gives " << point.X << ","
+                                     << point.Y;
     }
     POINTAPI tenth{100, 0};
     object.RotatePointTenthsDegree(tenth, 0, 0, 450);

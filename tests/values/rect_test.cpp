@@ -10,7 +10,8 @@ protected:
 
     /// Both ways: the rectangle after the call, which has to leave an empty result.
     template <class Direct, class... Arguments>
-    void expectChanged(const RECT& before, const RECT& after, Direct&& direct, const char16_t* name, const Arguments&... arguments) {
+    void expectChanged(const RECT& before, const RECT& after, Direct&& direct, const char16_t* name,
+                       const Arguments&... arguments) {
         RECT rc = before;
         EXPECT_TRUE(direct(rc).empty());
         EXPECT_EQ(rc, after) << String(name).utf8();
@@ -50,31 +51,46 @@ private:
 };
 
 TEST_F(Rects, AreMoved) {
-    expectChanged({1, 2, 3, 4}, {11, -18, 13, -16}, [&](RECT& rc) { return object.MoveRect(rc, 10, -20); }, u"MoveRect", Long{10}, Long{-20});
-    expectChanged({1, 2, 3, 4}, {1, 2, 3, 4}, [&](RECT& rc) { return object.MoveRect(rc); }, u"MoveRect");
-    expectChanged({2147483647, 0, 0, 0}, {-2147483647 - 1, 0, 1, 0}, [&](RECT& rc) { return object.MoveRect(rc, 1); }, u"MoveRect", Long{1});
+    expectChanged(
+        {1, 2, 3, 4}, {11, -18, 13, -16}, [&](RECT& rc) { return object.MoveRect(rc, 10, -20); }, u"MoveRect", Long{10},
+        Long{-20});
+    expectChanged(
+        {1, 2, 3, 4}, {1, 2, 3, 4}, [&](RECT& rc) { return object.MoveRect(rc); }, u"MoveRect");
+    expectChanged(
+        {2147483647, 0, 0, 0}, {-2147483647 - 1, 0, 1, 0}, [&](RECT& rc) { return object.MoveRect(rc, 1); }, u"MoveRect",
+        Long{1});
 }
 
 TEST_F(Rects, AreOffsetAndPutInOrder) {
-    expectChanged({0, 0, 10, 10}, {1, 2, 13, 14}, [&](RECT& rc) { return object.OffsetRect(rc, 1, 2, 3, 4); }, u"OffsetRect", Long{1}, Long{2},
-                  Long{3}, Long{4});
-    expectChanged({0, 0, 10, 10}, {10, -5, 20, 10}, [&](RECT& rc) { return object.OffsetRect(rc, 20, 10, 0, -15); }, u"OffsetRect", Long{20},
-                  Long{10}, Long{0}, Long{-15});
-    expectChanged({0, 0, 10, 10}, {20, 0, 10, 10}, [&](RECT& rc) { return object.OffsetRect(rc, 20, 0, 0, 0, False); }, u"OffsetRect",
-                  Long{20}, Long{0}, Long{0}, Long{0}, False);
-    expectChanged({5, 5, 5, 5}, {5, 5, 5, 5}, [&](RECT& rc) { return object.OffsetRect(rc); }, u"OffsetRect");
+    expectChanged(
+        {0, 0, 10, 10}, {1, 2, 13, 14}, [&](RECT& rc) { return object.OffsetRect(rc, 1, 2, 3, 4); }, u"OffsetRect", Long{1},
+        Long{2}, Long{3}, Long{4});
+    expectChanged(
+        {0, 0, 10, 10}, {10, -5, 20, 10}, [&](RECT& rc) { return object.OffsetRect(rc, 20, 10, 0, -15); }, u"OffsetRect",
+        Long{20}, Long{10}, Long{0}, Long{-15});
+    expectChanged(
+        {0, 0, 10, 10}, {20, 0, 10, 10}, [&](RECT& rc) { return object.OffsetRect(rc, 20, 0, 0, 0, False); }, u"OffsetRect",
+        Long{20}, Long{0}, Long{0}, Long{0}, False);
+    expectChanged(
+        {5, 5, 5, 5}, {5, 5, 5, 5}, [&](RECT& rc) { return object.OffsetRect(rc); }, u"OffsetRect");
 }
 
 TEST_F(Rects, AreSized) {
-    expectChanged({10, 20, 99, 99}, {10, 20, 10, 21}, [&](RECT& rc) { return object.SizeRect(rc, 1, 2); }, u"SizeRect", Long{1}, Long{2});
-    expectChanged({10, 20, 99, 99}, {10, 20, 9, 99}, [&](RECT& rc) { return object.SizeRect(rc, 0); }, u"SizeRect", Long{0});
-    expectChanged({10, 20, 99, 99}, {10, 20, 99, 99}, [&](RECT& rc) { return object.SizeRect(rc, -5, -1); }, u"SizeRect", Long{-5}, Long{-1});
+    expectChanged(
+        {10, 20, 99, 99}, {10, 20, 10, 21}, [&](RECT& rc) { return object.SizeRect(rc, 1, 2); }, u"SizeRect", Long{1}, Long{2});
+    expectChanged(
+        {10, 20, 99, 99}, {10, 20, 9, 99}, [&](RECT& rc) { return object.SizeRect(rc, 0); }, u"SizeRect", Long{0});
+    expectChanged(
+        {10, 20, 99, 99}, {10, 20, 99, 99}, [&](RECT& rc) { return object.SizeRect(rc, -5, -1); }, u"SizeRect", Long{-5},
+        Long{-1});
 }
 
 TEST_F(Rects, AreMade) {
     expectBoth<&moxVarRect::RectFromPoints>(object, u"RectFromPoints", RECT{9, 8, 1, 2}, Long{9}, Long{8}, Long{1}, Long{2});
-    expectBoth<&moxVarRect::RectFromPosAndSize>(object, u"RectFromPosAndSize", RECT{10, 10, 9, 9}, Long{10}, Long{10}, Long{0}, Long{0});
-    expectBoth<&moxVarRect::RectFromPosAndSize>(object, u"RectFromPosAndSize", RECT{1, 2, 1, 5}, Long{1}, Long{2}, Long{1}, Long{4});
+    expectBoth<&moxVarRect::RectFromPosAndSize>(object, u"RectFromPosAndSize", RECT{10, 10, 9, 9}, Long{10}, Long{10}, Long{0},
+                                                Long{0});
+    expectBoth<&moxVarRect::RectFromPosAndSize>(object, u"RectFromPosAndSize", RECT{1, 2, 1, 5}, Long{1}, Long{2}, Long{1},
+                                                Long{4});
 }
 
 TEST_F(Rects, RefuseOtherRecordsAndNothing) {

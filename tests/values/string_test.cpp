@@ -71,7 +71,8 @@ TEST_F(Strings, LongTextsForUrlsComeBackUnchanged) {
 }
 
 TEST_F(Strings, UrlMembersReturnTheInputWhenTheSystemFails) {
-    const auto failing = platform::kernel32().WideCharToMultiByte.replace([](auto, auto, auto) -> std::int32_t { throw std::bad_alloc(); });
+    const auto failing =
+        platform::kernel32().WideCharToMultiByte.replace([](auto, auto, auto) -> std::int32_t { throw std::bad_alloc(); });
     EXPECT_EQ(object.URLEncode(u"a b"), u"a b");
     EXPECT_EQ(object.StringChecksum(u"a b"), 0);
 }
@@ -124,8 +125,11 @@ TEST_F(Strings, LoseWhatIsToTrimAtTheirEnd) {
         bool space, cr, lf, nul, tab;
         std::size_t left;
     };
-    for (const Row& row : {Row{false, true, true, true, true, 8}, {true, true, true, false, true, 7}, {true, true, true, true, false, 6},
-                           {true, true, false, true, true, 5}, {true, false, true, true, true, 4}}) {
+    for (const Row& row : {Row{false, true, true, true, true, 8},
+                           {true, true, true, false, true, 7},
+                           {true, true, true, true, false, 6},
+                           {true, true, false, true, true, 5},
+                           {true, false, true, true, true, 4}}) {
         EXPECT_EQ(object.StringTrimRight(text, row.space, row.cr, row.lf, row.nul, row.tab).size(), row.left);
     }
     EXPECT_EQ(object.StringTrimRight(u"     "), u"");
@@ -147,9 +151,18 @@ TEST_F(Strings, AreFilledWithZerosAndSwapped) {
 }
 
 TEST_F(Strings, BecomeNumbersWithinLimits) {
-    for (const auto& [text, result] : {std::pair{u"", 0}, {u" 12", 12}, {u"2.5", 2}, {u"3.5", 4}, {u"-2.5", -2}, {u"12,9", 12},
-                                       {u"99999999999", 2147483647}, {u"-99999999999", -2147483647}, {u"1e3x", 1000}, {u"&HFFFF", -1}}) {
-        expectBoth<&moxVarString::Conv2Long>(object, u"Conv2Long", Long{result}, String(text), Long{-2147483647}, Long{2147483647});
+    for (const auto& [text, result] : {std::pair{u"", 0},
+                                       {u" 12", 12},
+                                       {u"2.5", 2},
+                                       {u"3.5", 4},
+                                       {u"-2.5", -2},
+                                       {u"12,9", 12},
+                                       {u"99999999999", 2147483647},
+                                       {u"-99999999999", -2147483647},
+                                       {u"1e3x", 1000},
+                                       {u"&HFFFF", -1}}) {
+        expectBoth<&moxVarString::Conv2Long>(object, u"Conv2Long", Long{result}, String(text), Long{-2147483647},
+                                             Long{2147483647});
     }
     EXPECT_EQ(object.Conv2Long(u""), 0);
     EXPECT_EQ(object.Conv2Long(u"", 1), 1);
@@ -174,7 +187,8 @@ TEST_F(Strings, TwoByteCharactersHaveCodesOfFourDigits) {
     const TestMachine japanese(config);
     EXPECT_EQ(object.URLEncode(u"a\u3042"), u"a%82A0");
     EXPECT_EQ(object.Conv2HexString(u"\u3042!"), u"82A021");
-    EXPECT_EQ(object.StringChecksum(u"\u3042"), object.StringChecksum(u"\u0392")) << "82A0 and 83A0: only the low byte reaches the table";
+    EXPECT_EQ(object.StringChecksum(u"\u3042"), object.StringChecksum(u"\u0392"))
+        << "82A0 and 83A0: only the low byte reaches the table";
 }
 
 } // namespace

@@ -12,17 +12,9 @@ TEST_F(Values, UnitsAreConverted) {
         Double result;
     };
     const Row rows[] = {
-        {1, suINCH, suCM, 1440.0 / 567},
-        {1, suMM, suTWIP, 56.7},
-        {1, suCM, suMM, 567 / 56.7},
-        {3, suPOINTS, suTWIP, 60},
-        {2, suPIXEL, suTWIP, 30},
-        {30, suTWIP, suPIXEL, 2},
-        {-7.5, suINCH, suPOINTS, -540},
-        {5, unknown, unknown, 5},
-        {5, unknown, suTWIP, 0},
-        {5, suTWIP, unknown, 0},
-        {1e308, suTWIP, suTWIP, 1e308},
+        {1, suINCH, suCM, 1440.0 / 567}, {1, suMM, suTWIP, 56.7},  {1, suCM, suMM, 567 / 56.7},    {3, suPOINTS, suTWIP, 60},
+        {2, suPIXEL, suTWIP, 30},        {30, suTWIP, suPIXEL, 2}, {-7.5, suINCH, suPOINTS, -540}, {5, unknown, unknown, 5},
+        {5, unknown, suTWIP, 0},         {5, suTWIP, unknown, 0},  {1e308, suTWIP, suTWIP, 1e308},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(testing::Message() << row.value << " from " << row.from << " to " << row.to);
@@ -51,9 +43,20 @@ TEST_F(Values, HexadecimalTextIsRead) {
         Long value;
     };
     const Row rows[] = {
-        {u"ff", 255},       {u"", 0},           {u"no digits? well: xyz", 0xDE}, {u"!?xyz", 0}, {u"FFFF", -1}, {u"8000", -32768},
-        {u"7FFF", 32767},   {u"10000", 65536},  {u"0FFFF", 65535},               {u"FFFFFFFF", -1}, {u"80000000", -2147483647 - 1},
-        {u"&H1F", 31},      {u"#00 ff 00", 0x00FF00}, {u"-1", 1},
+        {u"ff", 255},
+        {u"", 0},
+        {u"no digits? well: xyz", 0xDE},
+        {u"!?xyz", 0},
+        {u"FFFF", -1},
+        {u"8000", -32768},
+        {u"7FFF", 32767},
+        {u"10000", 65536},
+        {u"0FFFF", 65535},
+        {u"FFFFFFFF", -1},
+        {u"80000000", -2147483647 - 1},
+        {u"&H1F", 31},
+        {u"#00 ff 00", 0x00FF00},
+        {u"-1", 1},
     };
     for (const Row& row : rows) {
         expectBoth<&moxVars::Hex2Long>(vars, u"Hex2Long", row.value, String(row.text));

@@ -31,10 +31,11 @@ public:
         const std::string& library = class_.library->name;
         const std::string self = options_.classes + "::" + class_.name;
         out_ << "// From the slots of " << interface_.name << " to the members of " << class_.name
-             << ". Generated; do not edit.\n#pragma once\n\n#include \"" << library << "/descriptions.h\"\n\n#include \"automation/objects/"
-             << (class_.events ? "eventsource.h" : "object.h") << "\"\n\nnamespace " << options_.classes << " {\nclass " << class_.name
-             << ";\n}\n\nnamespace " << library << " {\n\n/// " << class_.help << ".\ntemplate <class Self>\nclass " << class_.name
-             << "Adapter : public " << base() << " {\npublic:\n";
+             << ". Generated; do not edit.\n#pragma once\n\n#include \"" << library
+             << "/descriptions.h\"\n\n#include \"automation/objects/" << (class_.events ? "eventsource.h" : "object.h")
+             << "\"\n\nnamespace " << options_.classes << " {\nclass " << class_.name << ";\n}\n\nnamespace " << library
+             << " {\n\n/// " << class_.help << ".\ntemplate <class Self>\nclass " << class_.name << "Adapter : public " << base()
+             << " {\npublic:\n";
         for (const Member& member : interface_.members) {
             writeSlot(member);
         }
@@ -44,8 +45,9 @@ public:
                 writeEvent(event);
             }
         }
-        out_ << "};\n\n} // namespace " << library << "\n\ntemplate <>\nstruct mox::AdapterOf<" << self << "> {\n    using type = " << library
-             << "::" << class_.name << "Adapter<" << self << ">;\n    using interface = " << slots() << ";\n};\n";
+        out_ << "};\n\n} // namespace " << library << "\n\ntemplate <>\nstruct mox::AdapterOf<" << self
+             << "> {\n    using type = " << library << "::" << class_.name << "Adapter<" << self
+             << ">;\n    using interface = " << slots() << ";\n};\n";
     }
 
 private:
@@ -54,7 +56,8 @@ private:
     }
 
     std::string base() const {
-        return std::string(class_.events ? "mox::EventSource" : "mox::Object") + "<Self, " + slots() + ", description::" + class_.name + ">";
+        return std::string(class_.events ? "mox::EventSource" : "mox::Object") + "<Self, " + slots() +
+               ", description::" + class_.name + ">";
     }
 
     void writeSlot(const Member& member) {

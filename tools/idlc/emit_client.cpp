@@ -16,11 +16,12 @@ std::string clientClass(const Type& type) {
 
 class ClientHeader {
 public:
-    ClientHeader(const Library& library, const Options& options, Output& out) : library_(library), options_(options), out_(out) {}
+    ClientHeader(const Library& library, Output& out) : library_(library), out_(out) {}
 
     void write() {
         out_ << "// Smart pointers, properties, optional arguments, exceptions and events for C++ clients: " << library_.help
-             << ".\n// Generated; do not edit.\n#pragma once\n\n#include <mox/" << library_.name << ".h>\n#include <mox/client/events.h>\n";
+             << ".\n// Generated; do not edit.\n#pragma once\n\n#include <mox/" << library_.name
+             << ".h>\n#include <mox/client/events.h>\n";
         for (const Library* imported : library_.imported) {
             out_ << (imported->name == "MoxRuntime" ? "#include <mox/runtime.h>\n" : "");
         }
@@ -87,7 +88,8 @@ private:
     }
 
     static std::string defaultOf(const Parameter& parameter) {
-        return clientClass(parameter.type).empty() ? literal(*parameter.defaultValue, parameter.type) : clientClass(parameter.type) + "()";
+        return clientClass(parameter.type).empty() ? literal(*parameter.defaultValue, parameter.type)
+                                                   : clientClass(parameter.type) + "()";
     }
 
     static bool isPut(const Member& member) { return member.kind == MemberKind::Put || member.kind == MemberKind::PutRef; }
@@ -96,7 +98,8 @@ private:
 
     void writeEvents(const Definition& type) {
         const std::string handlers = type.name + "Events";
-        out_ << "\n/// Handlers for the events of " << type.name << "; those that are empty are not called.\nstruct " << handlers << " {\n";
+        out_ << "\n/// Handlers for the events of " << type.name << "; those that are empty are not called.\nstruct " << handlers
+             << " {\n";
         for (const Member& event : type.events->members) {
             std::string list;
             for (const Parameter& parameter : event.parameters) {
@@ -109,7 +112,8 @@ private:
         out_ << "};\ninline HRESULT deliver(const " << handlers
              << "& handlers, DISPID id, const client::EventArguments& arguments) {\n    switch (id) {\n";
         for (const Member& event : type.events->members) {
-            out_ << "    case " << literal(std::int64_t{event.id}) << ":\n        return arguments.deliver(handlers." << event.name << ");\n";
+            out_ << "    case " << literal(std::int64_t{event.id}) << ":\n        return arguments.deliver(handlers."
+                 << event.name << ");\n";
         }
         out_ << "    default:\n        return DISP_E_MEMBERNOTFOUND;\n    }\n}\n";
     }
@@ -124,17 +128,17 @@ private:
                  << library_.name << "::CLSID_" << type.name << ")); }\n";
         }
         for (const Member& member : type.defaultInterface->members) {
-            out_ << "    /// " << member.help << ".\n    " << resultType(member) << " " << name(member) << "(" << parameters(member, true)
-                 << ") const;\n";
+            out_ << "    /// " << member.help << ".\n    " << resultType(member) << " " << name(member) << "("
+                 << parameters(member, true) << ") const;\n";
             if (hasShortPut(member)) {
-                out_ << "    " << resultType(member) << " " << name(member) << "(" << parameterType(member.parameters.back()) << " value) const { "
-                     << name(member) << "(" << shortPutArguments(member) << "value); }\n";
+                out_ << "    " << resultType(member) << " " << name(member) << "(" << parameterType(member.parameters.back())
+                     << " value) const { " << name(member) << "(" << shortPutArguments(member) << "value); }\n";
             }
         }
         if (type.events) {
             out_ << "    /// Connects handlers to the events of this object.\n    mox::Connection connect(" << type.name
-                 << "Events handlers) const {\n        return client::connect(&this->raw(), mox::interfaceId<" << qualified(*type.events)
-                 << ">, std::move(handlers));\n    }\n";
+                 << "Events handlers) const {\n        return client::connect(&this->raw(), mox::interfaceId<"
+                 << qualified(*type.events) << ">, std::move(handlers));\n    }\n";
         }
         out_ << "};\n";
     }
@@ -188,7 +192,8 @@ private:
     }
 
     void writeInvoke(const Member& member) {
-        static const char* const flags[] = {"DISPATCH_METHOD", "DISPATCH_PROPERTYGET", "DISPATCH_PROPERTYPUT", "DISPATCH_PROPERTYPUTREF"};
+        static const char* const flags[] = {"DISPATCH_METHOD", "DISPATCH_PROPERTYGET", "DISPATCH_PROPERTYPUT",
+                                            "DISPATCH_PROPERTYPUTREF"};
         std::string arguments;
         for (const Parameter& parameter : member.parameters) {
             arguments += ", " + (isObject(parameter.type) ? "mox::Ref<IDispatch>(" + argument(parameter) + ")" : parameter.name);
@@ -198,7 +203,6 @@ private:
     }
 
     const Library& library_;
-    const Options& options_;
     Output& out_;
 };
 
@@ -206,7 +210,7 @@ private:
 
 void emitClient(const Library& library, const Options& options) {
     Output out;
-    ClientHeader(library, options, out).write();
+    ClientHeader(library, out).write();
     out.save(options.output / "include" / options.client);
 }
 

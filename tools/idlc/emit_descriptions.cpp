@@ -21,10 +21,11 @@ std::string descriptionOf(const Definition& definition) {
 
 const char* variantOf(Basic basic) {
     static const std::map<Basic, const char*> names = {
-        {Basic::Void, "VT_VOID"},        {Basic::Long, "VT_I4"},         {Basic::Integer, "VT_I2"},       {Basic::Byte, "VT_UI1"},
-        {Basic::Single, "VT_R4"},        {Basic::Double, "VT_R8"},       {Basic::Boolean, "VT_BOOL"},     {Basic::String, "VT_BSTR"},
-        {Basic::Date, "VT_DATE"},        {Basic::Currency, "VT_CY"},     {Basic::Variant, "VT_VARIANT"},  {Basic::Dispatch, "VT_DISPATCH"},
-        {Basic::Unknown, "VT_UNKNOWN"},  {Basic::Named, "VT_USERDEFINED"}};
+        {Basic::Void, "VT_VOID"},       {Basic::Long, "VT_I4"},          {Basic::Integer, "VT_I2"},
+        {Basic::Byte, "VT_UI1"},        {Basic::Single, "VT_R4"},        {Basic::Double, "VT_R8"},
+        {Basic::Boolean, "VT_BOOL"},    {Basic::String, "VT_BSTR"},      {Basic::Date, "VT_DATE"},
+        {Basic::Currency, "VT_CY"},     {Basic::Variant, "VT_VARIANT"},  {Basic::Dispatch, "VT_DISPATCH"},
+        {Basic::Unknown, "VT_UNKNOWN"}, {Basic::Named, "VT_USERDEFINED"}};
     return names.at(basic);
 }
 
@@ -91,8 +92,9 @@ public:
     Output header() const {
         Output out;
         out << "// The run-time tables of " << library_.name << ". Generated; do not edit.\n#pragma once\n\n"
-            << "#include \"automation/objects/export.h\"\n#include \"automation/typelib/description.h\"\n\n#include <mox/" << library_.name
-            << ".h>\n\nnamespace " << library_.name << "::description {\n\nextern MOX_API const mox::typelib::LibraryDescription library;\n";
+            << "#include \"automation/objects/export.h\"\n#include \"automation/typelib/description.h\"\n\n#include <mox/"
+            << library_.name << ".h>\n\nnamespace " << library_.name
+            << "::description {\n\nextern MOX_API const mox::typelib::LibraryDescription library;\n";
         for (const auto& definition : library_.definitions) {
             out << "extern MOX_API const mox::typelib::" << className(*definition) << " " << definition->name << ";\n";
         }
@@ -164,8 +166,9 @@ private:
     }
 
     void begin(Output& out, const Definition& d, std::size_t index) const {
-        out << "constinit const " << className(d) << " " << d.name << "{\n    {" << kindName(d) << ", " << utf16Literal(d.name) << ", "
-            << utf16Literal(d.help) << ", GUID" << (d.uuid.empty() ? "{}" : guidInitialiser(d.uuid)) << ", library, " << index << "},\n";
+        out << "constinit const " << className(d) << " " << d.name << "{\n    {" << kindName(d) << ", " << utf16Literal(d.name)
+            << ", " << utf16Literal(d.help) << ", GUID" << (d.uuid.empty() ? "{}" : guidInitialiser(d.uuid)) << ", library, "
+            << index << "},\n";
     }
 
     void write(Output& out, const Definition& d, std::size_t index) const {
@@ -221,8 +224,8 @@ private:
             }
             out << "static constexpr Parameter parametersOf_" << d.name << "_" << i << "[] = {\n";
             for (const Parameter& parameter : member.parameters) {
-                out << "    {" << utf16Literal(parameter.name) << ", " << typeReference(parameter.type, parameter.byReference()) << ", "
-                    << flagsOf(parameter) << ", " << constant(parameter) << "},\n";
+                out << "    {" << utf16Literal(parameter.name) << ", " << typeReference(parameter.type, parameter.byReference())
+                    << ", " << flagsOf(parameter) << ", " << constant(parameter) << "},\n";
             }
             out << "};\n";
         }
@@ -245,8 +248,9 @@ private:
         for (std::size_t i = d.members.size(); i-- > index + 1;) {
             nextSameId = d.members[i].id == member.id ? static_cast<int>(i) : nextSameId;
         }
-        out << "    {" << utf16Literal(member.name) << ", " << utf16Literal(member.help) << ", " << literal(std::int64_t{member.id}) << ", "
-            << invokeKind(member.kind) << ", " << flags << ", " << index << ", " << nextSameId << ",\n     "
+        out << "    {" << utf16Literal(member.name) << ", " << utf16Literal(member.help) << ", "
+            << literal(std::int64_t{member.id}) << ", " << invokeKind(member.kind) << ", " << flags << ", " << index << ", "
+            << nextSameId << ",\n     "
             << (member.parameters.empty() ? "{}" : "parametersOf_" + d.name + "_" + std::to_string(index)) << ", "
             << typeReference(member.result) << ", ";
         if (d.isEvents) {
@@ -299,9 +303,10 @@ private:
         for (const auto& definition : library_.definitions) {
             out << "    &" << definition->name << ",\n";
         }
-        out << "};\nstatic constinit LibraryState state;\nconstinit const LibraryDescription library{\n    " << utf16Literal(library_.name)
-            << ", " << utf16Literal(library_.help) << ",\n    GUID" << guidInitialiser(library_.uuid) << ", " << library_.major << ", "
-            << library_.minor << ", " << static_cast<long long>(library_.lcid) << ", types, state};\n";
+        out << "};\nstatic constinit LibraryState state;\nconstinit const LibraryDescription library{\n    "
+            << utf16Literal(library_.name) << ", " << utf16Literal(library_.help) << ",\n    GUID"
+            << guidInitialiser(library_.uuid) << ", " << library_.major << ", " << library_.minor << ", "
+            << static_cast<long long>(library_.lcid) << ", types, state};\n";
     }
 
     const Library& library_;

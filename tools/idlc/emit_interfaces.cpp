@@ -15,12 +15,14 @@ public:
     InterfaceHeader(const Library& library, Output& out) : library_(library), out_(out) {}
 
     void write() {
-        out_ << "// " << library_.help << ".\n// Generated from " << std::filesystem::path(library_.place.file).filename().string()
+        out_ << "// " << library_.help << ".\n// Generated from "
+             << std::filesystem::path(library_.place.file).filename().string()
              << "; do not edit.\n#pragma once\n\n#include <mox/values.h>\n";
         for (const Library* imported : library_.imported) {
             out_ << "#include <mox/" << imported->name << ".h>\n";
         }
-        out_ << "\nnamespace " << library_.name << " {\n\ninline constexpr GUID libraryId" << guidInitialiser(library_.uuid) << ";\n\n";
+        out_ << "\nnamespace " << library_.name << " {\n\ninline constexpr GUID libraryId" << guidInitialiser(library_.uuid)
+             << ";\n\n";
         for (const auto& definition : library_.definitions) {
             if (definition->isInterface()) {
                 out_ << "struct " << definition->name << ";\n";
@@ -65,15 +67,17 @@ private:
     void writeEnum(const Definition& d) {
         out_ << "\n/// " << d.help << ".\nenum " << d.name << " : std::int32_t {\n";
         for (const EnumValue& value : d.values) {
-            out_ << "    /// " << value.help << ".\n    " << identifier(value.name) << " = " << literal(std::int64_t{value.number}) << ",\n";
+            out_ << "    /// " << value.help << ".\n    " << identifier(value.name) << " = "
+                 << literal(std::int64_t{value.number}) << ",\n";
         }
         out_ << "};\n";
     }
 
     void writeRecordTraits(const Definition& d) {
-        out_ << "\nnamespace " << library_.name << " {\nstruct " << d.name << ";\n}\ntemplate <>\nstruct mox::RecordTraits<" << qualified(d)
-             << "> {\n    static constexpr GUID library = " << library_.name << "::libraryId;\n    static constexpr GUID id"
-             << guidInitialiser(d.uuid) << ";\n    static constexpr ULONG major = " << library_.major
+        out_ << "\nnamespace " << library_.name << " {\nstruct " << d.name << ";\n}\ntemplate <>\nstruct mox::RecordTraits<"
+             << qualified(d) << "> {\n    static constexpr GUID library = " << library_.name
+             << "::libraryId;\n    static constexpr GUID id" << guidInitialiser(d.uuid)
+             << ";\n    static constexpr ULONG major = " << library_.major
              << ";\n    static constexpr ULONG minor = " << library_.minor << ";\n};\n";
     }
 
@@ -111,15 +115,17 @@ private:
             if (d.isEvents) {
                 return;
             }
-            out_ << "\n/// The members of `" << d.name << "` as our own objects have them; other objects do not.\nstruct " << d.name << "Slots : "
-                 << d.name << " {\n";
+            out_ << "\n/// The members of `" << d.name << "` as our own objects have them; other objects do not.\nstruct "
+                 << d.name << "Slots : " << d.name << " {\n";
         } else {
             out_ << "struct " << d.name << " : IDispatch {\n";
         }
         for (const Member& member : d.members) {
-            out_ << "    /// " << member.help << ".\n    virtual HRESULT " << slotName(member) << "(" << slotParameters(member) << ") = 0;\n";
+            out_ << "    /// " << member.help << ".\n    virtual HRESULT " << slotName(member) << "(" << slotParameters(member)
+                 << ") = 0;\n";
         }
-        out_ << "\nprotected:\n    ~" << d.name << (d.kind == DefinitionKind::DispatchInterface ? "Slots" : "") << "() = default;\n};\n";
+        out_ << "\nprotected:\n    ~" << d.name << (d.kind == DefinitionKind::DispatchInterface ? "Slots" : "")
+             << "() = default;\n};\n";
     }
 
     const Library& library_;

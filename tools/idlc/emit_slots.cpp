@@ -6,9 +6,11 @@ namespace idlc {
 
 void emitSlots(const Library& library, const Options& options) {
     Output out;
-    out << "// Every slot of every class, for tests that go through all of them. Generated; do not edit.\n#pragma once\n\n#include <mox/"
+    out << "// Every slot of every class, for tests that go through all of them. Generated; do not edit.\n#pragma "
+           "once\n\n#include <mox/"
         << library.name << ".h>\n\n#include <string_view>\n\nnamespace " << library.name
-        << " {\n\n/// Calls `visit.template operator()<slot, hasResult>(name of the class, name of the slot)` for each slot of each class.\n"
+        << " {\n\n/// Calls `visit.template operator()<slot, hasResult>(name of the class, name of the slot)` for each slot of "
+           "each class.\n"
            "template <class Visit>\nvoid visitSlots(Visit&& visit) {\n";
     for (const auto& definition : library.definitions) {
         if (definition->kind != DefinitionKind::Class) {
@@ -18,8 +20,8 @@ void emitSlots(const Library& library, const Options& options) {
         const std::string slots = qualified(interface) + (interface.kind == DefinitionKind::DispatchInterface ? "Slots" : "");
         for (const Member& member : interface.members) {
             out << "    visit.template operator()<&" << slots << "::" << slotName(member) << ", "
-                << (member.result.basic == Basic::Void ? "false" : "true") << ">(u\"" << definition->name << "\", \"" << naturalName(member)
-                << "\");\n";
+                << (member.result.basic == Basic::Void ? "false" : "true") << ">(u\"" << definition->name << "\", \""
+                << naturalName(member) << "\");\n";
         }
     }
     out << "}\n\n} // namespace " << library.name << "\n";

@@ -80,7 +80,8 @@ private:
             while (isWordPart(peek())) {
                 token.text += take();
             }
-        } else if (std::isdigit(static_cast<unsigned char>(c)) || (c == '-' && std::isdigit(static_cast<unsigned char>(peek(1))))) {
+        } else if (std::isdigit(static_cast<unsigned char>(c)) ||
+                   (c == '-' && std::isdigit(static_cast<unsigned char>(peek(1))))) {
             token.kind = TokenKind::Number;
             token.text += take();
             const bool hexadecimal = peek() == 'x' || peek() == 'X';

@@ -42,7 +42,8 @@ private:
 };
 
 int usage() {
-    std::fputs("usage: idlc --output DIR [--classes NAMESPACE] [--client HEADER] [--reference DIR] [--stubs DIR] FILE.idl\n", stderr);
+    std::fputs("usage: idlc --output DIR [--classes NAMESPACE] [--client HEADER] [--reference DIR] [--stubs DIR] FILE.idl\n",
+               stderr);
     return 2;
 }
 

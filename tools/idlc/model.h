@@ -29,7 +29,22 @@ public:
 struct Library;
 struct Definition;
 
-enum class Basic { Void, Long, Integer, Byte, Single, Double, Boolean, String, Date, Currency, Variant, Dispatch, Unknown, Named };
+enum class Basic {
+    Void,
+    Long,
+    Integer,
+    Byte,
+    Single,
+    Double,
+    Boolean,
+    String,
+    Date,
+    Currency,
+    Variant,
+    Dispatch,
+    Unknown,
+    Named
+};
 
 /// A type as it stands in a declaration. `pointers` counts the stars that are written.
 struct Type {
@@ -102,16 +117,16 @@ struct Definition {
     std::string help;
     std::string uuid;
 
-    std::vector<EnumValue> values;  // Enum
-    std::vector<Field> fields;      // Record
-    Type target;                    // Alias
-    std::vector<Member> members;    // Interface, DispatchInterface
-    std::string defaultName;        // Class
-    std::string eventsName;         // Class
+    std::vector<EnumValue> values; // Enum
+    std::vector<Field> fields;     // Record
+    Type target;                   // Alias
+    std::vector<Member> members;   // Interface, DispatchInterface
+    std::string defaultName;       // Class
+    std::string eventsName;        // Class
     const Definition* defaultInterface = nullptr;
     const Definition* events = nullptr;
-    bool creatable = true;          // Class
-    bool appObject = false;         // Class
+    bool creatable = true;  // Class
+    bool appObject = false; // Class
 
     /// Interface or event interface: the class that has it as its default, if any.
     const Definition* ownerClass = nullptr;

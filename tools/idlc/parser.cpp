@@ -355,9 +355,12 @@ private:
 
     Type type() {
         static const std::map<std::string, Basic, std::less<>> basics = {
-            {"void", Basic::Void},         {"long", Basic::Long},         {"short", Basic::Integer},      {"float", Basic::Single},
-            {"double", Basic::Double},     {"BSTR", Basic::String},       {"DATE", Basic::Date},          {"CURRENCY", Basic::Currency},
-            {"VARIANT", Basic::Variant},   {"VARIANT_BOOL", Basic::Boolean}, {"IDispatch", Basic::Dispatch}, {"IUnknown", Basic::Unknown}};
+            {"void", Basic::Void},          {"long", Basic::Long},
+            {"short", Basic::Integer},      {"float", Basic::Single},
+            {"double", Basic::Double},      {"BSTR", Basic::String},
+            {"DATE", Basic::Date},          {"CURRENCY", Basic::Currency},
+            {"VARIANT", Basic::Variant},    {"VARIANT_BOOL", Basic::Boolean},
+            {"IDispatch", Basic::Dispatch}, {"IUnknown", Basic::Unknown}};
         Type result;
         const Token& token = expect(TokenKind::Word);
         if (token.text == "SAFEARRAY") {

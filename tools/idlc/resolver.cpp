@@ -86,7 +86,9 @@ private:
         return object && !type.array ? 1 : 0;
     }
 
-    static bool isRecord(const Type& type) { return type.definition && type.definition->kind == DefinitionKind::Record && !type.array; }
+    static bool isRecord(const Type& type) {
+        return type.definition && type.definition->kind == DefinitionKind::Record && !type.array;
+    }
 
     void resolveDefinition(Definition& definition) {
         switch (definition.kind) {

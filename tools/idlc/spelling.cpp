@@ -162,7 +162,8 @@ std::string guidInitialiser(const std::string& uuid) {
 std::string slotParameters(const Member& member) {
     std::string result;
     for (const Parameter& parameter : member.parameters) {
-        result += (result.empty() ? "" : ", ") + slotType(parameter.type) + (parameter.byReference() ? "* " : " ") + parameter.name;
+        result +=
+            (result.empty() ? "" : ", ") + slotType(parameter.type) + (parameter.byReference() ? "* " : " ") + parameter.name;
     }
     if (member.result.basic != Basic::Void) {
         result += (result.empty() ? "" : ", ") + slotType(member.result) + "* result";

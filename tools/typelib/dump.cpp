@@ -204,13 +204,11 @@ ordered_json members(ITypeInfo& type, WORD count) {
 }
 
 ordered_json coclass(ITypeInfo& type, const Attributes& attributes) {
-    ordered_json result{{"clsid", identifier(attributes->guid)},
-                        {"creatable", (attributes->wTypeFlags & TYPEFLAG_FCANCREATE) != 0},
-                        {"default_interface", nullptr},
-                        {"iid", nullptr},
-                        {"source_interface", nullptr},
-                        {"appobject", (attributes->wTypeFlags & TYPEFLAG_FAPPOBJECT) != 0},
-                        {"help", documentation(type, -1, true)}};
+    ordered_json result{
+        {"clsid", identifier(attributes->guid)}, {"creatable", (attributes->wTypeFlags & TYPEFLAG_FCANCREATE) != 0},
+        {"default_interface", nullptr},          {"iid", nullptr},
+        {"source_interface", nullptr},           {"appobject", (attributes->wTypeFlags & TYPEFLAG_FAPPOBJECT) != 0},
+        {"help", documentation(type, -1, true)}};
     for (UINT i = 0; i < attributes->cImplTypes; ++i) {
         INT flags = 0;
         HREFTYPE reference = 0;
@@ -264,12 +262,9 @@ ordered_json libraryItself(ITypeLib& library) {
 } // namespace
 
 ordered_json dumpLibrary(ITypeLib& library) {
-    ordered_json dump{{"library", libraryItself(library)},
-                      {"coclasses", ordered_json::object()},
-                      {"interfaces", ordered_json::object()},
-                      {"events", ordered_json::object()},
-                      {"enums", ordered_json::object()},
-                      {"records", ordered_json::object()}};
+    ordered_json dump{{"library", libraryItself(library)},    {"coclasses", ordered_json::object()},
+                      {"interfaces", ordered_json::object()}, {"events", ordered_json::object()},
+                      {"enums", ordered_json::object()},      {"records", ordered_json::object()}};
     for (UINT i = 0; i < library.GetTypeInfoCount(); ++i) {
         Ref<ITypeInfo> type;
         client::succeed(library.GetTypeInfo(i, type.out()));

@@ -9,7 +9,8 @@
 
 namespace mox::tools {
 
-/// Classes, interfaces with their members in the order of slots, events, enums and records, under the names that Visual Basic has for the types.
+/// Classes, interfaces with their members in the order of slots, events, enums and records, under the names that Visual Basic has
+/// for the types.
 nlohmann::ordered_json dumpLibrary(ITypeLib& library);
 
 /// The same as an outline for people.

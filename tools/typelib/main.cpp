@@ -1,4 +1,5 @@
-// Prints the type library of a server file: mox-typelib [--json] [FILE]. Everything is read through ITypeLib and ITypeInfo, as any other program would.
+// Prints the type library of a server file: mox-typelib [--json] [FILE]. Everything is read through ITypeLib and ITypeInfo, as
+// any other program would.
 #include "dump.h"
 
 #include <mox/client/error.h>

@@ -105,6 +105,6 @@ MOX_EXPORT HRESULT GetRecordInfoFromTypeInfo(ITypeInfo* pTypeInfo, IRecordInfo**
 // ---- what is ours
 /// Runs the calling thread's message loop for so many milliseconds, and releases what other threads handed over.
 MOX_EXPORT HRESULT MoxPump(UINT milliseconds);
-/// Configures and inspects the machine: request and reply are JSON texts, the reply belongs to the caller. What can be asked stands in
-/// docs/host.md. `E_INVALIDARG` with an error object for a request that is not understood.
+/// Configures and inspects the machine: request and reply are JSON texts, the reply belongs to the caller. What can be asked
+/// stands in docs/host.md. `E_INVALIDARG` with an error object for a request that is not understood.
 MOX_EXPORT HRESULT MoxControl(BSTR request, BSTR* reply);

@@ -13,8 +13,8 @@ public:
     Error(HRESULT status, String description, String source)
         : StatusError(status), description_(std::move(description)), source_(std::move(source)), what_(description_.utf8()) {}
 
-    /// The run-time error number: 5 invalid call, 6 overflow, 9 bad index, 13 type mismatch, 91 object not set, 438 unknown member, ...;
-    /// the status itself where no number stands for it.
+    /// The run-time error number: 5 invalid call, 6 overflow, 9 bad index, 13 type mismatch, 91 object not set, 438 unknown
+    /// member, ...; the status itself where no number stands for it.
     Long number() const noexcept;
     const String& description() const noexcept { return description_; }
     /// Library and class that raised the error.

@@ -39,8 +39,7 @@ class EventArguments {
 public:
     explicit EventArguments(const DISPPARAMS& parameters) : parameters_(parameters) {}
 
-    template <class... Arguments>
-    HRESULT deliver(const std::function<void(Arguments...)>& handler) const {
+    template <class... Arguments> HRESULT deliver(const std::function<void(Arguments...)>& handler) const {
         if (!handler) {
             return S_OK;
         }
@@ -59,10 +58,10 @@ private:
 
     /// What a handler's argument binds to: the source's own place for a reference that may be written, else a value.
     template <class Argument>
-    using Given = std::conditional_t<std::is_same_v<Argument, std::remove_cvref_t<Argument>&>, Argument, std::remove_cvref_t<Argument>>;
+    using Given =
+        std::conditional_t<std::is_same_v<Argument, std::remove_cvref_t<Argument>&>, Argument, std::remove_cvref_t<Argument>>;
 
-    template <class Argument>
-    Given<Argument> argument(std::size_t index) const {
+    template <class Argument> Given<Argument> argument(std::size_t index) const {
         using Value = std::remove_cvref_t<Argument>;
         VARIANT& given = parameters_.rgvarg[parameters_.cArgs - 1 - index];
         if constexpr (std::is_reference_v<Given<Argument>>) {
@@ -78,10 +77,9 @@ private:
     const DISPPARAMS& parameters_;
 };
 
-/// What a source calls: passes each event to the handlers through `deliver(handlers, identifier, arguments)`, which is generated for
-/// each event interface.
-template <class Handlers>
-class EventSink final : public SharedObject<IDispatch> {
+/// What a source calls: passes each event to the handlers through `deliver(handlers, identifier, arguments)`, which is generated
+/// for each event interface.
+template <class Handlers> class EventSink final : public SharedObject<IDispatch> {
 public:
     EventSink(Handlers handlers, REFIID events) : handlers_(std::move(handlers)), events_(events) {}
 
@@ -113,8 +111,7 @@ private:
 };
 
 /// Connects handlers to the events `events` of an object.
-template <class Handlers>
-Connection connect(IUnknown* source, REFIID events, Handlers handlers) {
+template <class Handlers> Connection connect(IUnknown* source, REFIID events, Handlers handlers) {
     const auto container = Ref<IUnknown>(source).as<IConnectionPointContainer>();
     Ref<IConnectionPoint> point;
     client::succeed(container ? container->FindConnectionPoint(events, point.out()) : E_NOINTERFACE);

@@ -7,15 +7,15 @@
 
 namespace mox {
 
-/// An argument by reference: names a variable of the caller, which the call may change, or holds a plain value, whose change is lost.
-template <class Value>
-class InOut {
+/// An argument by reference: names a variable of the caller, which the call may change, or holds a plain value, whose change is
+/// lost.
+template <class Value> class InOut {
 public:
     InOut(Value& place) noexcept : place_(&place) {}
     InOut(InOut&& other) noexcept : own_(std::move(other.own_)), place_(other.place_ == &other.own_ ? &own_ : other.place_) {}
     template <class Given>
-        requires std::convertible_to<Given, Value> && (!std::same_as<Given, Value&>)
-    InOut(Given&& value) : own_(static_cast<Value>(std::forward<Given>(value))), place_(&own_) {}
+    requires std::convertible_to<Given, Value> &&(!std::same_as<Given, Value&>)InOut(Given&& value)
+        : own_(static_cast<Value>(std::forward<Given>(value))), place_(&own_) {}
     Value& value() noexcept { return *place_; }
 
 private:
@@ -29,8 +29,7 @@ inline void pump(UINT milliseconds);
 namespace client {
 
 // The place of a value as a slot takes it.
-template <class Value>
-Value* slot(Value& value) {
+template <class Value> Value* slot(Value& value) {
     return &value;
 }
 inline BSTR* slot(String& value) {
@@ -39,16 +38,13 @@ inline BSTR* slot(String& value) {
 inline VARIANT* slot(Variant& value) {
     return &value;
 }
-template <class Interface>
-Interface** slot(Ref<Interface>& value) {
+template <class Interface> Interface** slot(Ref<Interface>& value) {
     return reinterpret_cast<Interface**>(&value);
 }
-template <class Element>
-SAFEARRAY** slot(Array<Element>& value) {
+template <class Element> SAFEARRAY** slot(Array<Element>& value) {
     return reinterpret_cast<SAFEARRAY**>(&value);
 }
-template <class Value>
-auto slot(InOut<Value>& argument) {
+template <class Value> auto slot(InOut<Value>& argument) {
     return slot(argument.value());
 }
 
@@ -59,8 +55,7 @@ inline void joinApartment() {
 }
 
 /// A counted pointer to an object under its default interface. Calling through an empty one throws error 91.
-template <class Interface>
-class ObjectPointer {
+template <class Interface> class ObjectPointer {
 public:
     ObjectPointer() = default;
     ObjectPointer(std::nullptr_t) {}
@@ -95,14 +90,12 @@ private:
 };
 
 /// An object whose members are called by identifier.
-template <class Interface>
-class DispatchPointer : public ObjectPointer<Interface> {
+template <class Interface> class DispatchPointer : public ObjectPointer<Interface> {
 public:
     using ObjectPointer<Interface>::ObjectPointer;
 
 protected:
-    template <class Result, class... Arguments>
-    Result invoke(DISPID id, WORD flags, Arguments&&... arguments) const {
+    template <class Result, class... Arguments> Result invoke(DISPID id, WORD flags, Arguments&&... arguments) const {
         // Last argument first, as the call wants them.
         Variant given[sizeof...(Arguments) + 1];
         std::size_t place = sizeof...(Arguments);
@@ -112,7 +105,8 @@ protected:
         DISPPARAMS parameters{given, put ? &value : nullptr, sizeof...(Arguments), put ? 1u : 0u};
         Variant result;
         EXCEPINFO exception{};
-        const HRESULT status = this->raw().Invoke(id, GUID_NULL, 0, flags, &parameters, put ? nullptr : result.out(), &exception, nullptr);
+        const HRESULT status =
+            this->raw().Invoke(id, GUID_NULL, 0, flags, &parameters, put ? nullptr : result.out(), &exception, nullptr);
         const String source = String::attach(exception.bstrSource);
         const String description = String::attach(exception.bstrDescription);
         SysFreeString(exception.bstrHelpFile);

@@ -48,6 +48,7 @@ template <std::derived_from<IDispatch> Interface> inline constexpr VARTYPE varia
 template <class Element> inline constexpr VARTYPE variantType<Array<Element>> = VT_ARRAY | variantType<Element>;
 
 template <class T>
-concept AutomationValue = variantType<T> != VT_VOID;
+concept AutomationValue = variantType<T>
+!= VT_VOID;
 
 } // namespace mox

@@ -12,8 +12,9 @@ class Variant : public VARIANT {
 public:
     Variant() noexcept : VARIANT{} {}
     template <class Value>
-        requires(AutomationValue<std::remove_cvref_t<Value>> && !std::derived_from<std::remove_cvref_t<Value>, VARIANT>)
-    Variant(Value&& value) : VARIANT{} {
+    requires(AutomationValue<std::remove_cvref_t<Value>> && !std::derived_from<std::remove_cvref_t<Value>, VARIANT>)
+        Variant(Value&& value)
+        : VARIANT{} {
         set(std::remove_cvref_t<Value>(std::forward<Value>(value)));
     }
     Variant(const char16_t* text) : Variant(String(text)) {}

@@ -185,7 +185,8 @@ HRESULT CoCreateInstance(REFCLSID rclsid, IUnknown* pUnkOuter, DWORD dwClsContex
     }
     *ppv = nullptr;
     mox::Ref<IClassFactory> factory;
-    const HRESULT status = CoGetClassObject(rclsid, dwClsContext, nullptr, IID_IClassFactory, reinterpret_cast<void**>(factory.out()));
+    const HRESULT status =
+        CoGetClassObject(rclsid, dwClsContext, nullptr, IID_IClassFactory, reinterpret_cast<void**>(factory.out()));
     return FAILED(status) ? status : factory->CreateInstance(pUnkOuter, riid, ppv);
 }
 

@@ -30,8 +30,7 @@ public:
     static void dropStates(ModuleKey module);
 
     /// The calling thread's one copy of module state `State`, default constructed on first use.
-    template <class State>
-    static State& state(ModuleKey module) {
+    template <class State> static State& state(ModuleKey module) {
         static const char identity = 0;
         return *static_cast<State*>(
             current()->findState(module, &identity, []() -> std::shared_ptr<void> { return std::make_shared<State>(); }));

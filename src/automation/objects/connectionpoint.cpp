@@ -82,9 +82,9 @@ HRESULT ConnectionPoint::EnumConnections(IEnumConnections** result) {
     for (const Sink& sink : sinks_) {
         connections.push_back({Ref<IUnknown>(sink.object.get()), sink.cookie});
     }
-    *result =
-        makeShared<IEnumConnections, Enumerator<IEnumConnections, CONNECTDATA, HeldConnection>>(Ref<IUnknown>(this), std::move(connections))
-            .detach();
+    *result = makeShared<IEnumConnections, Enumerator<IEnumConnections, CONNECTDATA, HeldConnection>>(Ref<IUnknown>(this),
+                                                                                                      std::move(connections))
+                  .detach();
     return S_OK;
 }
 

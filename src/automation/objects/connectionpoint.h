@@ -10,8 +10,8 @@
 
 namespace mox {
 
-/// The connection point of a source for its one event interface. Part of the source: it shares the source's count of references, but
-/// is an object of its own to those who ask for interfaces.
+/// The connection point of a source for its one event interface. Part of the source: it shares the source's count of references,
+/// but is an object of its own to those who ask for interfaces.
 class MOX_API ConnectionPoint final : public IConnectionPoint {
 public:
     ConnectionPoint(ObjectCore& source, IConnectionPointContainer& container, const typelib::InterfaceDescription& events)

@@ -10,8 +10,7 @@
 namespace mox {
 
 namespace detail {
-template <std::integral Target>
-Target toInteger(Double value) {
+template <std::integral Target> Target toInteger(Double value) {
     // Rounded in the default mode of the machine: to the nearest, a tie to the even one. Not-a-number fails the comparison.
     const Double rounded = std::nearbyint(value);
     if (!(rounded >= std::numeric_limits<Target>::min() && rounded <= std::numeric_limits<Target>::max())) {
@@ -33,8 +32,7 @@ inline Byte toByte(Double value) {
 }
 
 /// A result of floating arithmetic; error 6 if it is infinite or no number.
-template <std::floating_point Value>
-Value checked(Value value) {
+template <std::floating_point Value> Value checked(Value value) {
     if (!std::isfinite(value)) {
         throw RuntimeError(errOverflow);
     }

@@ -21,10 +21,9 @@ inline CONNECTDATA copyOfItem(const HeldConnection& item) {
     return {Ref<IUnknown>(item.sink).detach(), item.cookie};
 }
 
-/// Enumerates a list that was taken when the enumerator was made. `Interface` gives out `Given`, made of each `Item` by `copyOfItem`. The
-/// owner of the items is kept alive.
-template <class Interface, class Given, class Item>
-class Enumerator final : public SharedObject<Interface> {
+/// Enumerates a list that was taken when the enumerator was made. `Interface` gives out `Given`, made of each `Item` by
+/// `copyOfItem`. The owner of the items is kept alive.
+template <class Interface, class Given, class Item> class Enumerator final : public SharedObject<Interface> {
 public:
     Enumerator(Ref<IUnknown> owner, std::vector<Item> items, std::size_t position = 0)
         : owner_(std::move(owner)), items_(std::move(items)), position_(position) {}

@@ -1,5 +1,5 @@
-// The three ways in which a member meets a run-time error, one spelling each. Without any of these a member lets the error through to the
-// client.
+// The three ways in which a member meets a run-time error, one spelling each. Without any of these a member lets the error
+// through to the client.
 #pragma once
 
 #include <utility>
@@ -7,8 +7,7 @@
 namespace mox {
 
 /// Trap and leave: an error inside `body` ends it at once, silently.
-template <class Body>
-void trapAndLeave(Body&& body) noexcept {
+template <class Body> void trapAndLeave(Body&& body) noexcept {
     try {
         std::forward<Body>(body)();
     } catch (...) {
@@ -16,8 +15,7 @@ void trapAndLeave(Body&& body) noexcept {
 }
 
 /// Carry on: each of the steps runs, whatever errors the others meet.
-template <class... Steps>
-void carryOn(Steps&&... steps) noexcept {
+template <class... Steps> void carryOn(Steps&&... steps) noexcept {
     (trapAndLeave(std::forward<Steps>(steps)), ...);
 }
 

@@ -16,15 +16,14 @@ inline VARIANT eventArgument(const String& text) noexcept {
     return argument;
 }
 template <AutomationValue Value>
-    requires(std::is_trivially_copyable_v<Value> && !std::is_lvalue_reference_v<Value>)
-VARIANT eventArgument(Value value) noexcept {
+requires(std::is_trivially_copyable_v<Value> && !std::is_lvalue_reference_v<Value>) VARIANT eventArgument(Value value)
+noexcept {
     VARIANT argument{};
     argument.vt = variantType<Value>;
     new (static_cast<void*>(&argument.llVal)) Value(value);
     return argument;
 }
-template <AutomationValue Value>
-VARIANT eventVariable(Value& variable) noexcept {
+template <AutomationValue Value> VARIANT eventVariable(Value& variable) noexcept {
     VARIANT argument{};
     argument.vt = VT_BYREF | variantType<Value>;
     argument.byref = &variable;
@@ -60,10 +59,9 @@ protected:
         return iid == IID_IConnectionPointContainer ? static_cast<IConnectionPointContainer*>(this) : nullptr;
     }
 
-    /// Calls every sink with event `id`. What a sink answers, throws or leaves behind does not reach the source, but for variables that
-    /// pass by reference.
-    template <class... Arguments>
-    void raise(DISPID id, Arguments&&... arguments) {
+    /// Calls every sink with event `id`. What a sink answers, throws or leaves behind does not reach the source, but for
+    /// variables that pass by reference.
+    template <class... Arguments> void raise(DISPID id, Arguments&&... arguments) {
         VARIANT list[sizeof...(Arguments) + 1];
         std::size_t place = sizeof...(Arguments);
         static_cast<void>(((list[--place] = lend(std::forward<Arguments>(arguments))), ...));
@@ -72,8 +70,7 @@ protected:
     }
 
 private:
-    template <class Argument>
-    static VARIANT lend(Argument&& argument) {
+    template <class Argument> static VARIANT lend(Argument&& argument) {
         if constexpr (std::is_lvalue_reference_v<Argument> && !std::is_const_v<std::remove_reference_t<Argument>>) {
             return detail::eventVariable(argument);
         } else {

@@ -24,7 +24,9 @@ std::vector<const ServerModule*>& loadedModules() {
 /// Makes objects of one class. Counts as a lock of the file while it lives.
 class ClassFactory final : public SharedObject<IClassFactory> {
 public:
-    ClassFactory(typelib::LibraryState& state, const ClassEntry& entry) : state_(state), entry_(entry) { state_.locks.fetch_add(1); }
+    ClassFactory(typelib::LibraryState& state, const ClassEntry& entry) : state_(state), entry_(entry) {
+        state_.locks.fetch_add(1);
+    }
     ~ClassFactory() override { state_.locks.fetch_sub(1); }
 
     HRESULT CreateInstance(IUnknown* outer, REFIID iid, void** result) override {
@@ -56,8 +58,7 @@ bool hasProgId(const typelib::ClassDescription& type, std::u16string_view progId
     return std::ranges::equal(own, progId, {}, typelib::foldCase, typelib::foldCase);
 }
 
-template <class Condition>
-const typelib::ClassDescription* findAmongLoaded(Condition&& condition) {
+template <class Condition> const typelib::ClassDescription* findAmongLoaded(Condition&& condition) {
     std::lock_guard lock(listGuard);
     for (const ServerModule* module : loadedModules()) {
         for (const ClassEntry& entry : module->classes()) {

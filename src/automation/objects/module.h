@@ -18,12 +18,12 @@ struct ClassEntry {
     Ref<IDispatch> (*create)();
 };
 
-/// Asked of a server for this identifier, `DllGetClassObject` gives the `ITypeLib` of the file, so that a type library can be read from a
-/// file of which nothing else is known.
+/// Asked of a server for this identifier, `DllGetClassObject` gives the `ITypeLib` of the file, so that a type library can be
+/// read from a file of which nothing else is known.
 inline constexpr CLSID CLSID_ServerTypeLibrary{0xB9D3B6A2, 0x6A0F, 0x4C53, {0x8B, 0x0E, 0x0C, 0x7F, 0x52, 0x1B, 0x93, 0xD4}};
 
-/// The static description of a server file and the logic behind its four exports. One object of static storage in each file; it makes the
-/// file's library known while the file is loaded.
+/// The static description of a server file and the logic behind its four exports. One object of static storage in each file; it
+/// makes the file's library known while the file is loaded.
 class MOX_API ServerModule {
 public:
     ServerModule(const typelib::LibraryDescription& library, std::span<const ClassEntry> classes);
@@ -31,8 +31,8 @@ public:
     ServerModule(const ServerModule&) = delete;
     ServerModule& operator=(const ServerModule&) = delete;
 
-    /// The class factory of a creatable class, or the type library. `CLASS_E_CLASSNOTAVAILABLE` for classes that are unknown, not creatable or
-    /// without code.
+    /// The class factory of a creatable class, or the type library. `CLASS_E_CLASSNOTAVAILABLE` for classes that are unknown, not
+    /// creatable or without code.
     HRESULT getClassObject(REFCLSID id, REFIID iid, void** result) const noexcept;
     /// `S_OK` if no object, no class factory, no type information and no lock of the file is left.
     HRESULT canUnloadNow() const noexcept;

@@ -12,8 +12,8 @@
 
 namespace mox {
 
-/// Implements `Interface`, the default interface of the class `description`, for the class `Self`. The compiler of the type library
-/// derives an adapter from it for each class, which brings every slot to the natural C++ member of the same name.
+/// Implements `Interface`, the default interface of the class `description`, for the class `Self`. The compiler of the type
+/// library derives an adapter from it for each class, which brings every slot to the natural C++ member of the same name.
 template <class Self, std::derived_from<IDispatch> Interface, const typelib::ClassDescription& description>
 class Object : public ObjectCore, public Interface, public ISupportErrorInfo, public IProvideClassInfo2 {
 public:
@@ -32,7 +32,8 @@ public:
         return index == 0 ? typelib::getTypeInfo(*description.defaultInterface, result) : DISP_E_BADINDEX;
     }
     HRESULT GetIDsOfNames(REFIID riid, LPOLESTR* names, UINT count, LCID, DISPID* ids) final {
-        return isOnOwnThread() ? typelib::getIdsOfNames(*description.defaultInterface, riid, names, count, ids) : RPC_E_WRONG_THREAD;
+        return isOnOwnThread() ? typelib::getIdsOfNames(*description.defaultInterface, riid, names, count, ids)
+                               : RPC_E_WRONG_THREAD;
     }
     HRESULT Invoke(DISPID id, REFIID riid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                    UINT* badArgument) final {
@@ -40,8 +41,8 @@ public:
             return reportPlainStatus(RPC_E_WRONG_THREAD);
         }
         const Hold hold(*this);
-        return typelib::invoke(*description.defaultInterface, static_cast<Interface*>(this), id, riid, flags, parameters, result, exception,
-                               badArgument);
+        return typelib::invoke(*description.defaultInterface, static_cast<Interface*>(this), id, riid, flags, parameters, result,
+                               exception, badArgument);
     }
 
     HRESULT InterfaceSupportsErrorInfo(REFIID iid) final { return iid == description.defaultInterface->id ? S_OK : S_FALSE; }
@@ -83,8 +84,7 @@ protected:
     }
 
     /// Calls a member that has no result.
-    template <class Function>
-    HRESULT call(Function&& function) noexcept {
+    template <class Function> HRESULT call(Function&& function) noexcept {
         if (!isOnOwnThread()) [[unlikely]] {
             return reportPlainStatus(RPC_E_WRONG_THREAD);
         }
@@ -98,8 +98,7 @@ protected:
     }
 
     /// Calls a member and moves what it returns into the result place, which is cleared before.
-    template <class Place, class Function>
-    HRESULT call(Place* result, Function&& function) noexcept {
+    template <class Place, class Function> HRESULT call(Place* result, Function&& function) noexcept {
         if (!result) [[unlikely]] {
             return reportPlainStatus(E_POINTER);
         }
@@ -108,8 +107,7 @@ protected:
     }
 
 private:
-    template <class Place, class Value>
-    static void giveResult(Place& place, Value&& value) {
+    template <class Place, class Value> static void giveResult(Place& place, Value&& value) {
         if constexpr (requires { value.detach(); }) {
             place = value.detach();
         } else {
@@ -135,24 +133,20 @@ private:
 };
 
 /// The adapter that the compiler of the type library made for a class; specialised in the generated headers.
-template <class Class>
-struct AdapterOf;
+template <class Class> struct AdapterOf;
 
 /// What a class derives from: `class moxVarLong final : public Implements<moxVarLong>`.
-template <class Class>
-using Implements = typename AdapterOf<Class>::type;
+template <class Class> using Implements = typename AdapterOf<Class>::type;
 
 /// A new object of a class, under its default interface.
-template <class Class, class... Arguments>
-auto makeObject(Arguments&&... arguments) {
+template <class Class, class... Arguments> auto makeObject(Arguments&&... arguments) {
     using Interface = typename AdapterOf<Class>::interface;
     return Ref<Interface>::attach(std::make_unique<Class>(std::forward<Arguments>(arguments)...).release());
 }
 
-/// The object of class `Class` behind an interface pointer of any of its interfaces, borrowed; null if it is of another class or of
-/// somebody else.
-template <class Class>
-Class* implementationOf(IUnknown* object) noexcept {
+/// The object of class `Class` behind an interface pointer of any of its interfaces, borrowed; null if it is of another class or
+/// of somebody else.
+template <class Class> Class* implementationOf(IUnknown* object) noexcept {
     return object ? dynamic_cast<Class*>(ObjectCore::of(*object)) : nullptr;
 }
 
@@ -167,8 +161,7 @@ inline const Variant& byValue(const VARIANT& value) noexcept {
 }
 
 /// An argument passed by reference. A null pointer fails the call with `E_POINTER`.
-template <class Value>
-Value& byReference(Value* place) {
+template <class Value> Value& byReference(Value* place) {
     if (!place) {
         throw StatusError(E_POINTER);
     }
@@ -180,17 +173,16 @@ inline String& byReference(BSTR* place) {
 inline Variant& byReference(VARIANT* place) {
     return static_cast<Variant&>(byReference<VARIANT>(place));
 }
-template <std::derived_from<IUnknown> Interface>
-Ref<Interface>& byReference(Interface** place) {
+template <std::derived_from<IUnknown> Interface> Ref<Interface>& byReference(Interface** place) {
     return reinterpret_cast<Ref<Interface>&>(byReference<Interface*>(place));
 }
 
-/// Fails with `DISP_E_TYPEMISMATCH` for elements of another type than `variant`, with `DISP_E_BADINDEX` for more dimensions than one.
+/// Fails with `DISP_E_TYPEMISMATCH` for elements of another type than `variant`, with `DISP_E_BADINDEX` for more dimensions than
+/// one.
 MOX_API void checkArray(SAFEARRAY* array, VARTYPE variant, const GUID* record);
 
 /// An array passed by reference; no array counts as an empty one.
-template <class Element>
-Array<Element>& arrayByReference(SAFEARRAY** place) {
+template <class Element> Array<Element>& arrayByReference(SAFEARRAY** place) {
     SAFEARRAY*& array = byReference<SAFEARRAY*>(place);
     if (array) {
         if constexpr (Record<Element>) {

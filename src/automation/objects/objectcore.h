@@ -9,9 +9,9 @@
 
 namespace mox {
 
-/// The counted part of an object. Counting on the apartment's own thread is plain arithmetic. References that other threads add are
-/// counted apart, atomically, and those that they release are handed over to the apartment: so a reference may be held and let
-/// go anywhere, while the object itself ends on its own thread.
+/// The counted part of an object. Counting on the apartment's own thread is plain arithmetic. References that other threads add
+/// are counted apart, atomically, and those that they release are handed over to the apartment: so a reference may be held and
+/// let go anywhere, while the object itself ends on its own thread.
 class MOX_API ObjectCore {
 public:
     virtual ~ObjectCore();

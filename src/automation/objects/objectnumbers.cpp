@@ -11,8 +11,8 @@ namespace {
 
 struct Entry {
     IUnknown* identity;
-    /// Objects of our own classes take their number back when they end. Of others we hold a reference instead, and look from time to time
-    /// whether it is the last one.
+    /// Objects of our own classes take their number back when they end. Of others we hold a reference instead, and look from time
+    /// to time whether it is the last one.
     Ref<IUnknown> guest;
 };
 
@@ -63,7 +63,8 @@ Long ObjectNumbers::numberOf(IUnknown& object) {
     if (const auto found = table.numbers.find(identity.get()); found != table.numbers.end()) {
         return found->second;
     }
-    // An odd step goes through all numbers before one comes back, so a stale number names nothing, and a guessed one hardly ever does.
+    // An odd step goes through all numbers before one comes back, so a stale number names nothing, and a guessed one hardly ever
+    // does.
     do {
         table.last = static_cast<Long>(static_cast<ULONG>(table.last) + 0x9E3779B1u);
     } while (table.last == 0 || table.entries.contains(table.last));

@@ -7,8 +7,8 @@
 
 namespace mox {
 
-/// Names the objects of the calling apartment by 32-bit numbers, for clients that keep an object's address in a `Long`. A number holds no
-/// reference, belongs to one object for good, and names nothing once that object is gone.
+/// Names the objects of the calling apartment by 32-bit numbers, for clients that keep an object's address in a `Long`. A number
+/// holds no reference, belongs to one object for good, and names nothing once that object is gone.
 class MOX_API ObjectNumbers {
 public:
     /// The number of an object, the same as long as it lives. Never 0.

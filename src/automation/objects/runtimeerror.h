@@ -11,8 +11,8 @@
 
 namespace mox {
 
-/// A run-time error by its number, with the standard text or one of its own. It reaches the client as the status 0x800A0000 + number
-/// with an error object.
+/// A run-time error by its number, with the standard text or one of its own. It reaches the client as the status 0x800A0000 +
+/// number with an error object.
 class MOX_API RuntimeError : public std::exception {
 public:
     explicit RuntimeError(Long number) : number_(number) {}

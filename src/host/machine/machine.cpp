@@ -59,6 +59,9 @@ Machine& Machine::current() {
     static Machine* const own = [] {
         const std::lock_guard lock(configurationGuard);
         auto machine = std::make_unique<Machine>(configuration ? *configuration : MachineConfig::fromEnvironment());
+        // Relative paths go on from where the user is.
+        std::error_code error;
+        machine->files.setCurrentFolder(machine->files.toDrivePath(std::filesystem::current_path(error)));
         isMade = true;
         return machine.release();
     }();

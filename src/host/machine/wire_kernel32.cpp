@@ -73,12 +73,14 @@ void wireKernel32(Machine& machine) {
 
     kernel32.WideCharToMultiByte = [&](auto codePage, auto text, auto bytes) {
         return convert(machine, codePage, [&](const CodePage& page) {
-            return deliver(bytes, [&] { return page.fromUtf16(text, bytes); }, [&] { return page.fromUtf16(text); });
+            return deliver(
+                bytes, [&] { return page.fromUtf16(text, bytes); }, [&] { return page.fromUtf16(text); });
         });
     };
     kernel32.MultiByteToWideChar = [&](auto codePage, auto bytes, auto text) {
         return convert(machine, codePage, [&](const CodePage& page) {
-            return deliver(text, [&] { return page.toUtf16(bytes, text); }, [&] { return page.toUtf16(bytes); });
+            return deliver(
+                text, [&] { return page.toUtf16(bytes, text); }, [&] { return page.toUtf16(bytes); });
         });
     };
 }
