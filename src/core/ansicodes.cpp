@@ -1,5 +1,7 @@
 #include "core/ansicodes.h"
 
+#include "automation/objects/runtimeerror.h"
+
 #include "platform/kernel32.h"
 
 namespace mox::server {
@@ -17,6 +19,9 @@ AnsiCodes::AnsiCodes(std::u16string_view text) : count_(text.size()), bytes_(std
     for (const char16_t& character : text) {
         std::array<char, 2> pair{};
         const auto length = kernel32().WideCharToMultiByte(CP_ACP, {&character, 1}, pair);
+        if (length <= 0) {
+            throw RuntimeError(errOutOfMemory);
+        }
         const auto lead = static_cast<Byte>(pair[0]);
         wide_.push_back(length == 2 ? static_cast<std::uint16_t>(lead << 8 | static_cast<Byte>(pair[1])) : lead);
     }
@@ -24,7 +29,9 @@ AnsiCodes::AnsiCodes(std::u16string_view text) : count_(text.size()), bytes_(std
 
 char16_t AnsiCharacters::lookUp(Byte code) {
     const char byte = static_cast<char>(code);
-    kernel32().MultiByteToWideChar(CP_ACP, {&byte, 1}, {&characters_[code], 1});
+    if (kernel32().MultiByteToWideChar(CP_ACP, {&byte, 1}, {&characters_[code], 1}) <= 0) {
+        throw RuntimeError(errOutOfMemory);
+    }
     return characters_[code];
 }
 
