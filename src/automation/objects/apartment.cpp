@@ -12,9 +12,10 @@ namespace mox {
 namespace {
 
 std::mutex listGuard;
+/// Never destroyed: files that end with the program still drop their states.
 std::vector<Apartment*>& livingApartments() {
-    static std::vector<Apartment*> list;
-    return list;
+    static std::vector<Apartment*>* const list = std::make_unique<std::vector<Apartment*>>().release();
+    return *list;
 }
 
 /// Owns the thread's apartment and ends it with the thread.
