@@ -116,6 +116,38 @@ String urlEncodedBytes(std::span<const Byte> codes, bool plusForSpace) {
     return result;
 }
 
+/// The same character in each quarter of 64 bits.
+constexpr std::uint64_t fourOf(char16_t c) {
+    return 0x0001000100010001 * c;
+}
+
+/// The highest bit of each of the four characters that is 0.
+constexpr std::uint64_t zerosAmong(std::uint64_t four) {
+    constexpr std::uint64_t low = fourOf(0x7FFF);
+    return ~(((four & low) + low) | four | low);
+}
+
+/// Copies up to four characters, those in front of the first "%", with blanks for "+". Gives their number; `to` has room for four
+/// if `from` has as many.
+std::size_t copyUpToPercent(const char16_t* from, const char16_t* last, char16_t* to) {
+    constexpr std::ptrdiff_t atOnce = 4;
+    if constexpr (std::endian::native == std::endian::little) {
+        if (last - from >= atOnce) {
+            std::uint64_t four = 0;
+            std::memcpy(&four, from, sizeof four);
+            const std::uint64_t percents = zerosAmong(four ^ fourOf(u'%'));
+            four ^= (zerosAmong(four ^ fourOf(u'+')) >> 15) * (u'+' ^ u' ');
+            std::memcpy(to, &four, sizeof four);
+            return static_cast<std::size_t>(std::countr_zero(percents)) / 16;
+        }
+    }
+    if (*from == u'%') {
+        return 0;
+    }
+    *to = *from == u'+' ? u' ' : *from;
+    return 1;
+}
+
 void appendPair(std::u16string& text, unsigned code) {
     text.append(digitPairs[code].data(), 2);
 }
@@ -147,15 +179,18 @@ std::optional<String> urlDecoded(std::u16string_view text) {
     const char16_t* next = text.data();
     const char16_t* const last = next + text.size();
     while (next != last) {
-        const char16_t c = *next;
-        if (c != u'%') [[likely]] {
-            *end++ = c == u'+' ? u' ' : c;
-            ++next;
-        } else if (last - next >= 3) {
+        const std::size_t plain = copyUpToPercent(next, last, end);
+        next += plain;
+        end += plain;
+        if (next == last) {
+            break;
+        }
+        if (*next == u'%') {
+            if (last - next < 3) {
+                return std::nullopt;
+            }
             *end++ = characters[readHexadecimalPair(next[1], next[2])];
             next += 3;
-        } else {
-            return std::nullopt;
         }
     }
     result.truncate(static_cast<std::size_t>(end - result.data()));
