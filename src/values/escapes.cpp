@@ -182,16 +182,14 @@ std::optional<String> urlDecoded(std::u16string_view text) {
         const std::size_t plain = copyUpToPercent(next, last, end);
         next += plain;
         end += plain;
-        if (next == last) {
-            break;
+        if (next == last || *next != u'%') {
+            continue;
         }
-        if (*next == u'%') {
-            if (last - next < 3) {
-                return std::nullopt;
-            }
-            *end++ = characters[readHexadecimalPair(next[1], next[2])];
-            next += 3;
+        if (last - next < 3) {
+            return std::nullopt;
         }
+        *end++ = characters[readHexadecimalPair(next[1], next[2])];
+        next += 3;
     }
     result.truncate(static_cast<std::size_t>(end - result.data()));
     return result;

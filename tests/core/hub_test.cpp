@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <thread>
 #include <unistd.h>
 
@@ -154,6 +155,16 @@ TEST_F(Hub, ThreadsHaveTreesOfTheirOwn) {
     Long result = 5;
     EXPECT_EQ(orphan->raw_SwapEndian(1, &result), RPC_E_WRONG_THREAD) << "its apartment is no more";
     orphan = nullptr; // and yet it ends here
+}
+
+TEST(HubDeathTest, TheEndOfTheProgramMayMakeObjects) {
+    // What ends with the program comes after the end of its threads' variables, and makes an apartment again.
+    EXPECT_EXIT(
+        {
+            std::atexit([] { static_cast<void>(server::create<TRL_OBKR_MOX::_moxHub>()); });
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 } // namespace

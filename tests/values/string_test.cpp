@@ -59,6 +59,17 @@ TEST_F(Strings, UrlEscapesAreUndone) {
     }
 }
 
+TEST_F(Strings, UrlEscapesAreFoundAtEveryPlace) {
+    // Neighbours of "%" and "+" in either byte are neither.
+    const std::u16string plain = u"\u0024\u0026\u002A\u002C\u0125\u2500\u012B\u2B00\uFFFF";
+    for (std::size_t place = 0; place <= plain.size(); ++place) {
+        const auto with = [&](const char16_t* middle) { return String(plain.substr(0, place) + middle + plain.substr(place)); };
+        EXPECT_EQ(object.URLDecode(with(u"+")), with(u" ")) << place;
+        EXPECT_EQ(object.URLDecode(with(u"%41")), with(u"A")) << place;
+        EXPECT_EQ(object.URLDecode(with(u"%2B+%25%20")), with(u"+ % ")) << place;
+    }
+}
+
 TEST_F(Strings, LongTextsForUrlsComeBackUnchanged) {
     const String longest(std::u16string(32767, u' '));
     const String tooLong(std::u16string(32768, u' '));
