@@ -1,6 +1,8 @@
 #include "support/childprocess.h"
 #include "support/testmachine.h"
 
+#include "host/processes/processfiles.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -114,6 +116,12 @@ TEST_F(ProcessesTest, takesTheKernelsNameWhereTheProgramCannotBeSeen) {
     child.awaitEnd();
     EXPECT_EQ(nameOf(child), "a program with ");
     EXPECT_EQ(kernel32().OpenProcess(readAccess, false, static_cast<std::uint32_t>(child.id())), 0);
+}
+
+TEST_F(ProcessesTest, takesAFileThatCanBeOpenedButNotReadAsEmpty) {
+    // As the files of a process that ends in between. Nothing is mapped at the address 0 of a process's memory.
+    EXPECT_EQ(host::readProcessFile(static_cast<std::uint32_t>(getpid()), "mem"), "");
+    EXPECT_NE(host::readProcessFile(static_cast<std::uint32_t>(getpid()), "stat"), "");
 }
 
 TEST_F(ProcessesTest, keepsASnapshotAsItWas) {

@@ -1,7 +1,7 @@
 #include "host/processes/processfiles.h"
 
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 namespace mox::host {
 
@@ -15,7 +15,10 @@ std::filesystem::path processFile(std::uint32_t id, std::string_view name) {
 
 std::string readProcessFile(std::uint32_t id, std::string_view name) {
     std::ifstream file(processFile(id, name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    // Iterators on the file would throw for a process that ends between opening and reading.
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
 }
 
 std::optional<std::filesystem::path> executableOfProcess(std::uint32_t id) {
