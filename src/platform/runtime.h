@@ -6,6 +6,9 @@
 
 namespace mox::platform {
 
+/// What a file that is open in binary mode is used for.
+enum class FileAccess { read, write, readWrite };
+
 struct Runtime : SystemLibrary {
     Runtime() : SystemLibrary("runtime") {}
 
@@ -26,6 +29,22 @@ struct Runtime : SystemLibrary {
     Operation<std::int32_t(std::string_view file)> Kill{*this, "Kill", 53};
     /// Opens a file in binary mode for reading and writing, makes it if there is none, and closes it again.
     Operation<std::int32_t(std::string_view file)> TouchBinary{*this, "TouchBinary", 75};
+
+    /// `Open ... For Binary Access ...`, shared with other openers: a file number into `number`. Makes an empty file if there is
+    /// none, also for reading.
+    Operation<std::int32_t(std::string_view file, FileAccess access, Handle& number)> OpenBinary{*this, "OpenBinary", 75};
+    /// `LOF`: the length of an open file in bytes.
+    Operation<std::int32_t(Handle number, std::int64_t& length)> LengthOfFile{*this, "LengthOfFile", 52};
+    /// `Get`: bytes from a position, counted from 0. 62 if the file has fewer.
+    Operation<std::int32_t(Handle number, std::int64_t position, std::span<char> bytes)> GetBytes{*this, "GetBytes", 57};
+    /// `Put`: bytes at a position, counted from 0. 61 if the disk is full.
+    Operation<std::int32_t(Handle number, std::int64_t position, std::span<const char> bytes)> PutBytes{*this, "PutBytes", 57};
+    /// `Close`.
+    Operation<std::int32_t(Handle number)> CloseFile{*this, "CloseFile", 52, givesBack};
+
+    /// `Shell`: starts a program and does not wait for it. Its identifier into `task`. 53 if there is no such program, 5 if it
+    /// cannot be started. `windowStyle`: 2 is a minimised window with the focus.
+    Operation<std::int32_t(std::string_view commandLine, std::int32_t windowStyle, double& task)> Shell{*this, "Shell", 53};
 };
 
 /// Of the present machine.

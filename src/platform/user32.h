@@ -11,6 +11,16 @@ inline constexpr std::uint32_t MB_ICONINFORMATION = 0x40;
 inline constexpr std::int32_t IDOK = 1;
 inline constexpr std::int32_t IDCANCEL = 2;
 
+inline constexpr std::uint32_t MB_YESNO = 0x4;
+inline constexpr std::uint32_t MB_ICONQUESTION = 0x20;
+inline constexpr std::int32_t IDYES = 6;
+inline constexpr std::int32_t IDNO = 7;
+
+// Metrics of the system.
+inline constexpr std::int32_t SM_CLEANBOOT = 67;
+inline constexpr std::int32_t SM_MEDIACENTER = 87;
+inline constexpr std::int32_t SM_SERVERR2 = 89;
+
 /// Called when a timer is due, with its number and the time stamp of the message in milliseconds.
 using TimerProcedure = std::function<void(std::uint32_t timer, std::uint32_t time)>;
 
@@ -21,6 +31,9 @@ struct User32 : SystemLibrary {
     /// there is no choice.
     Operation<std::int32_t(Handle owner, std::string_view text, std::string_view caption, std::uint32_t style)> MessageBoxA{
         *this, "MessageBoxA", 0};
+
+    /// A size or setting of the system by its `SM_` number; 0 for one that is not known.
+    Operation<std::int32_t(std::int32_t index)> GetSystemMetrics{*this, "GetSystemMetrics", 0};
 
     /// A timer of the calling thread; `procedure` runs from its message loop every `milliseconds`. The number is unique among the
     /// running timers of the thread; 0 on failure.

@@ -3,8 +3,16 @@
 
 namespace mox::platform {
 
+Advapi32& advapi32() {
+    return host::Machine::current().advapi32;
+}
+
 Kernel32& kernel32() {
     return host::Machine::current().kernel32;
+}
+
+Ntdll& ntdll() {
+    return host::Machine::current().ntdll;
 }
 
 Psapi& psapi() {
@@ -21,6 +29,10 @@ Shell32& shell32() {
 
 User32& user32() {
     return host::Machine::current().user32;
+}
+
+Version& version() {
+    return host::Machine::current().version;
 }
 
 } // namespace mox::platform

@@ -86,8 +86,8 @@ Machine* Machine::exchange(Machine* machine) noexcept {
     return present.exchange(machine);
 }
 
-std::array<const platform::SystemLibrary*, 5> Machine::libraries() const noexcept {
-    return {&kernel32, &psapi, &runtime, &shell32, &user32};
+std::array<const platform::SystemLibrary*, 8> Machine::libraries() const noexcept {
+    return {&advapi32, &kernel32, &ntdll, &psapi, &runtime, &shell32, &user32, &version};
 }
 
 platform::OperationBase* Machine::findOperation(std::string_view fullName) {

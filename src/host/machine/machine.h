@@ -9,11 +9,14 @@
 #include "host/machine/temporaryfolder.h"
 #include "host/text/codepage.h"
 
+#include "platform/advapi32.h"
 #include "platform/kernel32.h"
+#include "platform/ntdll.h"
 #include "platform/psapi.h"
 #include "platform/runtime.h"
 #include "platform/shell32.h"
 #include "platform/user32.h"
+#include "platform/version.h"
 
 #include <array>
 #include <optional>
@@ -49,7 +52,7 @@ public:
     bool isTemporary() const noexcept { return temporaryHome_.has_value(); }
     Clock& clock() const noexcept { return *config_.clock; }
 
-    std::array<const platform::SystemLibrary*, 5> libraries() const noexcept;
+    std::array<const platform::SystemLibrary*, 8> libraries() const noexcept;
     /// The operation of that full name, `kernel32.FindFirstFileA`, without regard to case; null if there is none.
     platform::OperationBase* findOperation(std::string_view fullName);
 
@@ -60,11 +63,14 @@ public:
     MessageLoops messageLoops;
     MessageBoxes messageBoxes;
 
+    platform::Advapi32 advapi32;
     platform::Kernel32 kernel32;
+    platform::Ntdll ntdll;
     platform::Psapi psapi;
     platform::Runtime runtime;
     platform::Shell32 shell32;
     platform::User32 user32;
+    platform::Version version;
 };
 
 } // namespace mox::host
