@@ -4,6 +4,8 @@
 #include "platform/operation.h"
 #include "platform/types.h"
 
+#include <mox/abi/variant.h>
+
 #include <string>
 
 namespace mox::platform {
@@ -72,18 +74,7 @@ struct PROCESSENTRY32 {
     std::string szExeFile;
 };
 
-/// A point in time by the calendar.
-struct SYSTEMTIME {
-    std::uint16_t wYear = 0;
-    std::uint16_t wMonth = 0;
-    /// 0 is Sunday. Not looked at when a time is read from the record.
-    std::uint16_t wDayOfWeek = 0;
-    std::uint16_t wDay = 0;
-    std::uint16_t wHour = 0;
-    std::uint16_t wMinute = 0;
-    std::uint16_t wSecond = 0;
-    std::uint16_t wMilliseconds = 0;
-};
+using ::SYSTEMTIME;
 
 /// What system this is. Of the short record only the fields up to the service text are filled.
 struct OSVERSIONINFOEXA {

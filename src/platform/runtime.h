@@ -4,6 +4,8 @@
 #include "platform/operation.h"
 #include "platform/types.h"
 
+#include <string>
+
 namespace mox::platform {
 
 /// What a file that is open in binary mode is used for.
@@ -14,6 +16,11 @@ struct Runtime : SystemLibrary {
 
     /// Identifier of the thread of the calling apartment.
     Operation<std::uint32_t()> ThreadID{*this, "ThreadID", 0};
+
+    /// The folder that the file with `code` in it was loaded from, as a path without a final NUL; empty if it is not known.
+    Operation<std::string(const void* code)> AppPath{*this, "AppPath", ""};
+    /// The text in lower case.
+    Operation<std::u16string(std::u16string_view text)> LCase{*this, "LCase", u""};
 
     /// Twips in one pixel of the screen object; 15 at 96 dots per inch.
     Operation<float()> ScreenTwipsPerPixelX{*this, "ScreenTwipsPerPixelX", 0};
