@@ -4,6 +4,9 @@
 #include "core/moxControls.h"
 #include "core/moxHub.h"
 #include "core/moxHubGlobal.h"
+#include "filesystem/moxFS.h"
+#include "filesystem/moxFSFile.h"
+#include "filesystem/moxFSFolder.h"
 #include "values/moxVarByte.h"
 #include "values/moxVarInteger.h"
 #include "values/moxVarLong.h"
@@ -37,6 +40,9 @@ constexpr ClassEntry classTable[] = {
     {description::moxVarString, &make<moxVarString>},
     {description::moxVarMath, &make<moxVarMath>},
     {description::moxTimer, &make<moxTimer>},
+    {description::moxFSFile, &make<moxFSFile>},
+    {description::moxFSFolder, &make<moxFSFolder>},
+    {description::moxFS, &make<moxFS>},
     // Described, but without code yet: whoever asks for one gets error 445.
     {description::moxPrinters, nullptr},
     {description::moxPrinter, nullptr},
@@ -50,9 +56,6 @@ constexpr ClassEntry classTable[] = {
     {description::moxForm, nullptr},
     {description::moxMouseEvents, nullptr},
     {description::moxCommonDialog, nullptr},
-    {description::moxFSFile, nullptr},
-    {description::moxFSFolder, nullptr},
-    {description::moxFS, nullptr},
     {description::moxFSDrives, nullptr},
     {description::moxFSWatcher, nullptr},
     {description::moxSystem, nullptr},

@@ -4,6 +4,7 @@
 #include "automation/objects/errormodes.h"
 #include "automation/objects/objectnumbers.h"
 #include "core/ansi.h"
+#include "core/statement.h"
 
 #include "platform/kernel32.h"
 #include "platform/runtime.h"
@@ -19,13 +20,6 @@ namespace mox::server::modMoxHub {
 namespace {
 
 using namespace platform;
-
-/// What a statement of the run-time layer answers.
-void raise(Long number) {
-    if (number != 0) {
-        throw RuntimeError(number);
-    }
-}
 
 /// True if a search finds something.
 bool isFound(std::u16string_view pattern) {
@@ -78,16 +72,6 @@ std::vector<std::u16string_view> partsOf(std::u16string_view path) {
         path.remove_prefix(std::min(end + 1, path.size()));
     }
     return parts;
-}
-
-/// The folder for temporary files, with a backslash at its end.
-std::u16string temporaryFolder() {
-    std::string buffer(kernel32().GetTempPathA({}), '\0');
-    const std::uint32_t length = kernel32().GetTempPathA(buffer);
-    if (length == 0 || buffer.empty()) {
-        return u"c:\\";
-    }
-    return withBackslash(fromAnsiToNul(buffer.substr(0, length)));
 }
 
 std::u16string hexadecimal(Long number) {
@@ -146,7 +130,7 @@ String freeName(const std::u16string& start, const std::u16string& end) {
 }
 
 void createTemporaryFile(const std::string& file) {
-    raise(runtime().TouchBinary(file));
+    statement(runtime().TouchBinary(file));
     const std::uint32_t attributes = kernel32().GetFileAttributesA(file);
     kernel32().SetFileAttributesA(file, (attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes) | FILE_ATTRIBUTE_TEMPORARY);
 }
@@ -200,7 +184,7 @@ Boolean CreateFolderTree(const String& sPath) {
             for (const std::u16string_view part : partsOf(sPath.view().substr(root.size()))) {
                 path.append(u"\\").append(part);
                 if (!FolderExists(path + u"\\")) {
-                    raise(runtime().MkDir(toAnsi(path)));
+                    statement(runtime().MkDir(toAnsi(path)));
                 }
             }
         }
@@ -209,10 +193,19 @@ Boolean CreateFolderTree(const String& sPath) {
     return result;
 }
 
+String GetTempFolder() {
+    std::string buffer(kernel32().GetTempPathA({}), '\0');
+    const std::uint32_t length = kernel32().GetTempPathA(buffer);
+    if (length == 0 || buffer.empty()) {
+        return u"c:\\";
+    }
+    return withBackslash(fromAnsiToNul(buffer.substr(0, length)));
+}
+
 String CreateTempName(const String& sPrefix, const String& sSuffix, const String& sPath, Boolean bCreateFile) {
     String result;
     trapAndLeave([&] {
-        const std::u16string folder = FolderExists(sPath) ? withBackslash(sPath) : temporaryFolder();
+        const std::u16string folder = FolderExists(sPath) ? withBackslash(sPath) : std::u16string(GetTempFolder());
         String name = freeName(folder + std::u16string(sPrefix), (sSuffix.empty() ? u"" : u".") + std::u16string(sSuffix));
         if (bCreateFile) {
             createTemporaryFile(toAnsi(name));
@@ -247,7 +240,7 @@ String GetExeOfExtension(const String& sExtension) {
         }
         const String file = CreateTempName(u"~", sExtension, String(), True);
         result = GetExeOfFile(file, False);
-        carryOn([&] { raise(runtime().Kill(toAnsi(file))); });
+        carryOn([&] { statement(runtime().Kill(toAnsi(file))); });
     });
     return result;
 }

@@ -21,6 +21,9 @@ Boolean FolderExists(const String& sPath);
 /// if a folder cannot be made; those in front of it stay.
 Boolean CreateFolderTree(const String& sPath);
 
+/// The folder for temporary files, with a backslash at its end; `c:\` if the system does not tell. Errors go to the caller.
+String GetTempFolder();
+
 /// The path of a file that does not exist: in `sPath`, or in the temporary folder if there is no such folder. Its name is
 /// `sPrefix`, a random text of up to four characters and, unless it is empty, a point and `sSuffix`. With `bCreateFile` the file
 /// is made, with the temporary attribute. Empty after an error.

@@ -9,9 +9,8 @@ namespace mox::platform {
 struct Ntdll : SystemLibrary {
     Ntdll() : SystemLibrary("ntdll") {}
 
-    /// The CRC-32 (reflected, polynomial 0xEDB88320) of bytes that follow those of which `crc` is the CRC; 0 is that of no bytes.
-    /// The register is the complement of the CRC.
-    Operation<std::uint32_t(std::uint32_t crc, std::span<const char> bytes)> RtlComputeCrc32{*this, "RtlComputeCrc32", 0};
+    /// Takes bytes into a CRC-32 (reflected, polynomial 0xEDB88320), which begins as 0; the register is its complement.
+    Operation<bool(std::uint32_t& crc, std::span<const char> bytes)> RtlComputeCrc32{*this, "RtlComputeCrc32", false};
 };
 
 /// Of the present machine.
