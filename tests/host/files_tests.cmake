@@ -1,11 +1,15 @@
 set(HOST_FILES_TESTS
     files_attributes_test.cpp
+    files_binary_test.cpp
+    files_copy_test.cpp
     files_drives_test.cpp
     files_findexecutable_test.cpp
     files_links_test.cpp
+    files_open_test.cpp
     files_paths_test.cpp
     files_pattern_test.cpp
     files_search_test.cpp
     files_shortnames_test.cpp
     files_statements_test.cpp
+    files_times_test.cpp
 )

@@ -1,15 +1,14 @@
 #include "host/files/filefacts.h"
 
+#include "host/files/filetimes.h"
+#include "host/files/storedfacts.h"
+
 #include "platform/kernel32.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <cstdio>
 #include <string_view>
 
 namespace mox::host {
@@ -18,62 +17,13 @@ namespace {
 
 using namespace platform;
 
-constexpr char attributeName[] = "user.DOSATTRIB";
 constexpr std::uint32_t storedAttributes =
     FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_TEMPORARY;
 constexpr std::uint32_t attributesThatMatter = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 constexpr mode_t writeByAnyone = S_IWUSR | S_IWGRP | S_IWOTH;
 
-/// The contents of the extended attribute.
-struct StoredFacts {
-    std::optional<std::uint32_t> attributes;
-    std::optional<std::uint64_t> created;
-};
-
-template <class Number> std::optional<Number> takeHexadecimal(std::string_view& text) {
-    constexpr std::string_view prefix = "0x";
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    if (!text.starts_with(prefix)) {
-        return std::nullopt;
-    }
-    Number number = 0;
-    const auto [end, error] = std::from_chars(text.data() + prefix.size(), text.data() + text.size(), number, 16);
-    if (error != std::errc()) {
-        return std::nullopt;
-    }
-    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-    return number;
-}
-
-StoredFacts readStored(const std::string& path) {
-    std::array<char, 256> buffer;
-    const ssize_t length = getxattr(path.c_str(), attributeName, buffer.data(), buffer.size());
-    std::string_view text(buffer.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
-    StoredFacts stored;
-    stored.attributes = takeHexadecimal<std::uint32_t>(text);
-    if (stored.attributes) {
-        stored.created = takeHexadecimal<std::uint64_t>(text);
-    }
-    return stored;
-}
-
-void writeStored(const std::string& path, std::uint32_t attributes, std::optional<std::uint64_t> created) {
-    std::array<char, 64> text;
-    int length = std::snprintf(text.data(), text.size(), "0x%x", static_cast<unsigned>(attributes));
-    if (created) {
-        length += std::snprintf(text.data() + length, text.size() - static_cast<std::size_t>(length), " 0x%llx",
-                                static_cast<unsigned long long>(*created));
-    }
-    // A failure shows when the attributes are read again.
-    setxattr(path.c_str(), attributeName, text.data(), static_cast<std::size_t>(length), 0);
-}
-
 std::uint64_t fileTime(const statx_timestamp& time) noexcept {
-    constexpr std::int64_t secondsFrom1601To1970 = 11'644'473'600;
-    constexpr std::int64_t ticksInSecond = 10'000'000;
-    constexpr std::int64_t nanosecondsInTick = 100;
-    const std::int64_t seconds = time.tv_sec + secondsFrom1601To1970;
-    return seconds < 0 ? 0 : static_cast<std::uint64_t>(seconds * ticksInSecond + time.tv_nsec / nanosecondsInTick);
+    return fileTimeOf(time.tv_sec, time.tv_nsec);
 }
 
 bool statAt(const std::string& path, int flags, struct statx& facts) noexcept {
@@ -125,7 +75,7 @@ std::optional<FileFacts> readFacts(const DiskPath& path) {
     result.created =
         (facts.stx_mask & STATX_BTIME) != 0 ? fileTime(facts.stx_btime) : std::min(result.written, fileTime(facts.stx_ctime));
 
-    const StoredFacts stored = isFile || result.folder ? readStored(path.text) : StoredFacts();
+    const StoredFacts stored = isFile || result.folder ? StoredFacts::read(path.text) : StoredFacts();
     result.created = stored.created.value_or(result.created);
     result.attributes |= stored.attributes.value_or(isFile ? FILE_ATTRIBUTE_ARCHIVE : 0) & storedAttributes;
     if (result.folder) {
@@ -158,7 +108,8 @@ bool writeAttributes(const DiskPath& path, std::uint32_t attributes) {
         // The extended attribute of a file can be changed only while the file may be written.
         chmod(text, mode | S_IWUSR);
     }
-    writeStored(path.text, attributes, readStored(path.text).created);
+    // A failure shows when the attributes are read again.
+    StoredFacts{attributes, StoredFacts::read(path.text).created}.write(path.text);
     if (isFile && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
         chmod(text, mode & ~writeByAnyone);
     }

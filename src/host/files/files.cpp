@@ -52,6 +52,26 @@ std::optional<std::filesystem::path> Files::resolveFile(std::string_view path) c
     return parsed && !parsed->endsWithSeparator ? resolve(path) : std::nullopt;
 }
 
+std::optional<DiskPath> Files::placeOfFile(std::string_view path) const {
+    const std::optional<DrivePath> parsed = parse(path);
+    std::optional<Location> location = parsed && !parsed->endsWithSeparator ? locate(*parsed) : std::nullopt;
+    return location ? std::optional<DiskPath>(std::move(location->path)) : std::nullopt;
+}
+
+std::optional<Files::NewName> Files::newName(std::string_view path) const {
+    const std::optional<DrivePath> parsed = parse(path);
+    std::optional<Location> location = parsed && !parsed->names.empty() ? locate(*parsed) : std::nullopt;
+    const std::string_view name = location ? withoutTrailingDots(parsed->names.back()) : std::string_view();
+    if (name.empty()) {
+        return std::nullopt;
+    }
+    NewName result{std::nullopt, {joined(parentOf(location->path.text), name), location->path.rootLength}};
+    if (location->exists) {
+        result.existing = std::move(location->path);
+    }
+    return result;
+}
+
 std::string Files::toDrivePath(const std::filesystem::path& path) const {
     std::error_code error;
     const std::filesystem::path absolute = std::filesystem::absolute(path, error).lexically_normal();
@@ -89,6 +109,14 @@ bool Files::setCurrentFolder(std::string_view path) {
 
 std::string Files::temporaryFolder() const {
     return std::string{systemDrive} + ":\\Temp\\";
+}
+
+std::string Files::windowsFolder() const {
+    return std::string{systemDrive} + ":\\Windows";
+}
+
+std::string Files::systemFolder() const {
+    return windowsFolder() + "\\System32";
 }
 
 std::shared_ptr<FileSearch> Files::search(std::string_view pattern) const {

@@ -5,6 +5,7 @@
 #include "host/files/drivefacts.h"
 #include "host/files/drivepath.h"
 #include "host/files/filefacts.h"
+#include "host/files/filesharing.h"
 #include "host/files/folder.h"
 #include "host/machine/machineconfig.h"
 #include "host/text/codepage.h"
@@ -43,6 +44,15 @@ public:
     std::optional<std::filesystem::path> resolve(std::string_view path) const;
     /// As `resolve`, for what cannot be a folder: a path with a separator at its end leads nowhere.
     std::optional<std::filesystem::path> resolveFile(std::string_view path) const;
+    /// As `resolveFile`, as a path on disk.
+    std::optional<DiskPath> placeOfFile(std::string_view path) const;
+    /// Where a new name leads: what is there now, which may be written in another case or not exist, and the place with the name
+    /// as it is written. Nothing for what `resolve` does not resolve, and for the root of a drive.
+    struct NewName {
+        std::optional<DiskPath> existing;
+        DiskPath written;
+    };
+    std::optional<NewName> newName(std::string_view path) const;
     /// The path of a file on disk on the drive whose folder lies closest to it; empty if no drive reaches it. Names that the code
     /// page does not hold appear as short names.
     std::string toDrivePath(const std::filesystem::path& path) const;
@@ -51,6 +61,12 @@ public:
     bool setCurrentFolder(std::string_view path);
     /// The folder for temporary files, `C:\Temp\`.
     std::string temporaryFolder() const;
+
+    /// The folders of the system, without a separator at the end.
+    std::string windowsFolder() const;
+    std::string systemFolder() const;
+    /// The openers of files of this machine.
+    FileSharing& sharing() const noexcept { return *sharing_; }
 
     /// Begins a search for the names that match the last part of `pattern`; null if its folder does not exist or nothing has that
     /// name. A plain name is searched like a pattern. The root of a drive and a path with a separator at its end have no last
@@ -90,6 +106,7 @@ private:
 
     std::map<char, std::filesystem::path> drives_;
     const CodePage& codePage_;
+    const std::shared_ptr<FileSharing> sharing_ = std::make_shared<FileSharing>();
     mutable std::once_flag standardFolders_;
     mutable std::mutex currentFolderGuard_;
     DrivePath currentFolder_;

@@ -1,53 +1,29 @@
 #include "host/files/filestatements.h"
 
 #include "host/files/filesearch.h"
+#include "host/files/runtimeerrors.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
 
 namespace mox::host {
 
 namespace {
 
-// Run-time errors by their numbers.
-constexpr std::int32_t badFileName = 52;
-constexpr std::int32_t fileNotFound = 53;
-constexpr std::int32_t deviceIoError = 57;
-constexpr std::int32_t diskFull = 61;
-constexpr std::int32_t tooManyFiles = 67;
-constexpr std::int32_t deviceUnavailable = 68;
-constexpr std::int32_t permissionDenied = 70;
-constexpr std::int32_t pathFileAccessError = 75;
-constexpr std::int32_t pathNotFound = 76;
-
-struct SystemError {
-    int system;
-    std::int32_t runTime;
-};
-constexpr std::array systemErrors{
-    SystemError{EBUSY, permissionDenied},   SystemError{EDQUOT, diskFull},          SystemError{EIO, deviceIoError},
-    SystemError{EMFILE, tooManyFiles},      SystemError{ENAMETOOLONG, badFileName}, SystemError{ENFILE, tooManyFiles},
-    SystemError{ENODEV, deviceUnavailable}, SystemError{ENOENT, pathNotFound},      SystemError{ENOSPC, diskFull},
-    SystemError{ENOTDIR, pathNotFound},     SystemError{ENXIO, deviceUnavailable},  SystemError{EROFS, permissionDenied},
-    SystemError{ETXTBSY, permissionDenied},
-};
-
 std::int32_t errorOfSystem() noexcept {
-    const auto found = std::ranges::find(systemErrors, errno, &SystemError::system);
-    return found == systemErrors.end() ? pathFileAccessError : found->runTime;
+    return runtimeErrorOf(errno);
 }
 
-/// Why a path leads nowhere.
-std::int32_t errorOfPath(const Files& files, std::string_view path) {
-    if (path.find_first_of("*?\"<>|") != std::string_view::npos) {
-        return badFileName;
-    }
-    return files.hasFolderOf(path) ? pathFileAccessError : pathNotFound;
+/// Why an opener of this machine keeps a file from being deleted; 0 if none does.
+std::int32_t errorOfOpeners(const Files& files, const DiskPath& path) {
+    struct stat facts {};
+    constexpr std::uint32_t any = platform::FILE_SHARE_READ | platform::FILE_SHARE_WRITE | platform::FILE_SHARE_DELETE;
+    const bool isFree = lstat(path.text.c_str(), &facts) != 0 ||
+                        files.sharing().permits(FileIdentity::of(facts), platform::FILE_SHARE_DELETE, any);
+    return isFree ? 0 : fileAlreadyOpen;
 }
 
 bool isFileToDelete(const platform::WIN32_FIND_DATAA& found, const DiskPath& path) {
@@ -57,6 +33,13 @@ bool isFileToDelete(const platform::WIN32_FIND_DATAA& found, const DiskPath& pat
 }
 
 } // namespace
+
+std::int32_t errorOfPath(const Files& files, std::string_view path) {
+    if (path.substr(0, path.find('\0')).find_first_of("*?\"<>|") != std::string_view::npos) {
+        return badFileName;
+    }
+    return files.hasFolderOf(path) ? pathFileAccessError : pathNotFound;
+}
 
 std::int32_t makeFolder(const Files& files, std::string_view folder) {
     const std::optional<std::filesystem::path> path = files.resolve(folder);
@@ -79,6 +62,9 @@ std::int32_t killFiles(const Files& files, std::string_view pattern) {
         }
         if ((found.dwFileAttributes & platform::FILE_ATTRIBUTE_READONLY) != 0) {
             return pathFileAccessError;
+        }
+        if (const std::int32_t error = errorOfOpeners(files, path); error != 0) {
+            return error;
         }
         if (unlink(path.text.c_str()) == 0) {
             result = 0;

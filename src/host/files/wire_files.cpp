@@ -81,6 +81,8 @@ void wireFiles(Machine& machine) {
     kernel32.FindClose = [&](auto search) { return machine.handles.close<FileSearch>(search); };
     kernel32.GetShortPathNameA = [&](auto path, auto buffer) { return deliver(files.shortPath(path), buffer); };
     kernel32.GetTempPathA = [&](auto buffer) { return deliver(files.temporaryFolder(), buffer); };
+    kernel32.GetWindowsDirectoryA = [&](auto buffer) { return deliver(files.windowsFolder(), buffer); };
+    kernel32.GetSystemDirectoryA = [&](auto buffer) { return deliver(files.systemFolder(), buffer); };
     kernel32.GetFileAttributesA = [&](auto path) {
         const std::optional<FileFacts> facts = files.facts(path);
         return facts ? facts->attributes : platform::INVALID_FILE_ATTRIBUTES;

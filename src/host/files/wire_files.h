@@ -7,5 +7,9 @@ class Machine;
 /// The bodies of the operations on files: searches, attributes, drives, the file statements of the language, and what the shell
 /// knows of files.
 void wireFiles(Machine& machine);
+/// Those on open files and on whole ones: opening, copying, moving, times.
+void wireOpenFiles(Machine& machine);
+/// Those on what is in files: versions, checksums.
+void wireFileContents(Machine& machine);
 
 } // namespace mox::host

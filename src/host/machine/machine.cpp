@@ -46,6 +46,8 @@ Machine::Machine(MachineConfig config)
     wireRuntime(*this);
     wireUser32(*this);
     wireFiles(*this);
+    wireOpenFiles(*this);
+    wireFileContents(*this);
 }
 
 Machine::~Machine() {

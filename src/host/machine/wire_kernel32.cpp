@@ -1,3 +1,4 @@
+#include "host/files/openfile.h"
 #include "host/machine/wiring.h"
 #include "host/processes/process.h"
 #include "host/processes/processsnapshot.h"
@@ -36,7 +37,7 @@ Handle openProcess(Handles& handles, std::uint32_t id) {
 }
 
 bool closeHandle(Handles& handles, Handle handle) {
-    return handles.close<ProcessSnapshot>(handle) || handles.close<Process>(handle);
+    return handles.close<ProcessSnapshot>(handle) || handles.close<Process>(handle) || handles.close<OpenFile>(handle);
 }
 
 /// A conversion into the caller's buffer; for an empty one the size that it would need. 0 if the buffer is too small.
