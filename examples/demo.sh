@@ -1,5 +1,5 @@
 #!/bin/sh
-# What a newcomer sees first: three clients of the same server, and files to look at.
+# What a newcomer sees first: clients of the same server, and files to look at.
 set -eu
 cd "$(dirname "$0")/.."
 mkdir -p demo
@@ -15,6 +15,9 @@ PYTHONPATH=bindings/python python3 examples/tour.py demo
 if command -v rsvg-convert >/dev/null 2>&1; then
     rsvg-convert -b white demo/rotation.svg -o demo/rotation.png && echo "  demo/rotation.png"
 fi
+echo
+echo "== Files, folders, settings and the system, from Python"
+PYTHONPATH=bindings/python python3 examples/files.py demo
 echo
 echo "== The same from the command line, with every call shown"
 PYTHONPATH=bindings/python MOX_TRACE=dispatch python3 -m mox call "moxHub.Vars.ConvertUnit(1, suINCH, suCM)"

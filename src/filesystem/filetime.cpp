@@ -11,7 +11,7 @@ namespace {
 /// Cut to whole seconds. A date that stands for a whole second may lie a little below it.
 Double wholeSeconds(Double days) {
     constexpr Double secondsPerDay = 86'400;
-    constexpr Double inexactness = 1e-5; // of dates of this age, in seconds
+    constexpr Double inexactness = 5e-6; // of dates of this age, in seconds
     return std::copysign(std::floor(std::abs(days) * secondsPerDay + inexactness) / secondsPerDay, days);
 }
 

@@ -32,7 +32,10 @@ void wireFileContents(Machine& machine) {
     version.GetFileVersionInfoA = [&](auto file, auto block) { return versionInfo(machine, file, block); };
     version.VerQueryValueA = [](auto block, auto path, auto& value) { return queryVersion(block, path, value); };
 
-    machine.ntdll.RtlComputeCrc32 = [](auto crc, auto bytes) { return crc32(crc, bytes); };
+    machine.ntdll.RtlComputeCrc32 = [](auto& crc, auto bytes) {
+        crc = crc32(crc, bytes);
+        return true;
+    };
 }
 
 } // namespace mox::host
