@@ -7,6 +7,8 @@
 #include "filesystem/moxFS.h"
 #include "filesystem/moxFSFile.h"
 #include "filesystem/moxFSFolder.h"
+#include "system/moxRegistry.h"
+#include "system/moxSystem.h"
 #include "values/moxVarByte.h"
 #include "values/moxVarInteger.h"
 #include "values/moxVarLong.h"
@@ -43,6 +45,8 @@ constexpr ClassEntry classTable[] = {
     {description::moxFSFile, &make<moxFSFile>},
     {description::moxFSFolder, &make<moxFSFolder>},
     {description::moxFS, &make<moxFS>},
+    {description::moxSystem, &make<moxSystem>},
+    {description::moxRegistry, &make<moxRegistry>},
     // Described, but without code yet: whoever asks for one gets error 445.
     {description::moxPrinters, nullptr},
     {description::moxPrinter, nullptr},
@@ -58,12 +62,10 @@ constexpr ClassEntry classTable[] = {
     {description::moxCommonDialog, nullptr},
     {description::moxFSDrives, nullptr},
     {description::moxFSWatcher, nullptr},
-    {description::moxSystem, nullptr},
     {description::moxScreen, nullptr},
     {description::moxKeyboard, nullptr},
     {description::moxMouse, nullptr},
     {description::moxLocale, nullptr},
-    {description::moxRegistry, nullptr},
     {description::moxINet, nullptr},
     {description::moxINetProfile, nullptr},
     {description::moxHTTP, nullptr},

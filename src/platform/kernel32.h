@@ -155,7 +155,7 @@ struct Kernel32 : SystemLibrary {
     /// A routine that a loaded library exports, null if it has none of that name.
     Operation<Procedure(Handle library, std::string_view name)> GetProcAddress{*this, "GetProcAddress", nullptr};
     /// Runs a routine on a thread of its own; its result becomes the exit code. 0 on failure. Closing the handle does not end the
-    /// thread.
+    /// thread; the library of the routine stays loaded while it runs.
     Operation<Handle(Procedure routine)> CreateThread{*this, "CreateThread", 0};
     /// Waits until a thread or a process has ended: `WAIT_OBJECT_0`, `WAIT_TIMEOUT` or `WAIT_FAILED`.
     Operation<std::uint32_t(Handle handle, std::uint32_t milliseconds)> WaitForSingleObject{*this, "WaitForSingleObject",

@@ -79,6 +79,10 @@ TEST(MachineConfigTest, takesFacts) {
     EXPECT_EQ(config.home, "/h");
     EXPECT_TRUE(config.drives.empty());
     EXPECT_EQ(config.windows.major, 5u);
+    EXPECT_FALSE(config.productInfo);
+    host::applyFacts(config, json::parse(R"({"product_info": 2882382797, "metrics": {"87": 1, "0": -5}})"));
+    EXPECT_EQ(config.productInfo, 0xABCDABCDu);
+    EXPECT_EQ(config.metrics, (std::map<std::int32_t, std::int32_t>{{0, -5}, {87, 1}}));
     host::applyFacts(config, json::parse(R"({"memory": true})"));
     EXPECT_EQ(config.home, "");
 }
@@ -132,6 +136,13 @@ TEST(MachineConfigTest, namesTheFactThatIsWrong) {
         {R"({"windows": [6, 1, 7601, 2, 1]})", "fact windows, service_text: not a string"},
         {R"({"windows": [6, 1, 7601, 2, "", 1, 0, 0]})", "fact windows: more than 7 elements"},
         {R"({"windows": [6, 1, 4294967296]})", "fact windows, build: not a whole number of 32 bits"},
+        {R"({"product_info": "48"})", "fact product_info: not a whole number of 32 bits"},
+        {R"({"metrics": [87]})", "fact metrics: not an object"},
+        {R"({"metrics": {"": 1}})", "fact metrics: no number of a metric: "},
+        {R"({"metrics": {"8x": 1}})", "fact metrics: no number of a metric: 8x"},
+        {R"({"metrics": {"-1": 1}})", "fact metrics: no number of a metric: -1"},
+        {R"({"metrics": {"87": 2147483648}})", "fact metrics, 87: not a whole number of 32 bits"},
+        {R"({"metrics": {"87": true}})", "fact metrics, 87: not a whole number of 32 bits"},
     };
     for (const auto& [facts, expected] : cases) {
         MachineConfig config;

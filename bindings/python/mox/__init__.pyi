@@ -83,6 +83,8 @@ def machine(
     home: str | PathLike[str] = ...,
     memory: bool = ...,
     windows: Sequence[int | str] = ...,
+    product_info: int = ...,
+    metrics: Mapping[int, int] = ...,
     codepage: int = ...,
     drives: Mapping[str, str | PathLike[str]] = ...,
 ) -> None:

@@ -29,6 +29,7 @@ def machine(**facts):
 
     ``home``: the folder where it keeps everything. ``memory=True``: nothing on disk but a temporary folder. ``windows``: the
     version that it reports, ``(major, minor, build, platform, service_text, product_type, suite)`` or the beginning of that.
+    ``product_info``: the number of the edition, from version 6.0 on. ``metrics``: answers of GetSystemMetrics by index.
     ``codepage``: the ANSI code page by its number. ``drives``: folders by drive letter.
     """
     for name in ("home", "drives"):

@@ -2,6 +2,7 @@
 
 #include "host/files/wire_files.h"
 #include "host/machine/wiring.h"
+#include "host/processes/wire_processes.h"
 
 #include "automation/objects/apartment.h"
 
@@ -48,6 +49,7 @@ Machine::Machine(MachineConfig config)
     wireFiles(*this);
     wireOpenFiles(*this);
     wireFileContents(*this);
+    wireProcesses(*this);
 }
 
 Machine::~Machine() {

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace mox::host {
@@ -28,6 +29,11 @@ struct MOX_API MachineConfig {
     /// goes with the machine.
     std::filesystem::path home;
     WindowsVersion windows;
+    /// The product type that tells the edition from version 6.0 on, by its `PRODUCT_` number. Empty: Professional (Business in
+    /// version 6.0) or a standard server.
+    std::optional<std::uint32_t> productInfo;
+    /// Sizes and settings of the system by their `SM_` numbers, beyond those that the machine knows itself.
+    std::map<std::int32_t, std::int32_t> metrics;
     /// The system's ANSI code page by its Windows number.
     std::uint32_t codePage = 1252;
     /// Drives beyond the standard ones: letter (upper case) to folder.

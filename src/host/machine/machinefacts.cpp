@@ -5,6 +5,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <charconv>
 #include <limits>
 #include <string>
 
@@ -91,13 +92,34 @@ std::map<char, std::filesystem::path> drivesFact(const json& value) {
     return drives;
 }
 
+std::map<std::int32_t, std::int32_t> metricsFact(const json& value) {
+    if (!value.is_object()) {
+        throw ControlError("fact metrics: not an object");
+    }
+    std::map<std::int32_t, std::int32_t> metrics;
+    for (const auto& [name, metric] : value.items()) {
+        std::int32_t index = 0;
+        const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), index);
+        if (error != std::errc() || end != name.data() + name.size() || index < 0) {
+            throw ControlError("fact metrics: no number of a metric: " + name);
+        }
+        using Limits = std::numeric_limits<std::int32_t>;
+        const auto number = metric.is_number_integer() ? metric.get<std::int64_t>() : std::int64_t{Limits::max()} + 1;
+        if (number < Limits::min() || number > Limits::max()) {
+            throw ControlError("fact metrics, " + name + ": not a whole number of 32 bits");
+        }
+        metrics[index] = static_cast<std::int32_t>(number);
+    }
+    return metrics;
+}
+
 } // namespace
 
 void applyFacts(MachineConfig& config, const json& facts) {
     if (!facts.is_object()) {
         throw ControlError("facts: not an object");
     }
-    refuseUnknown(facts, "fact", {"home", "memory", "codepage", "drives", "windows"});
+    refuseUnknown(facts, "fact", {"home", "memory", "codepage", "drives", "windows", "product_info", "metrics"});
     MachineConfig changed = config;
     if (const auto fact = facts.find("home"); fact != facts.end()) {
         changed.home = folderFact(*fact, "home");
@@ -116,6 +138,12 @@ void applyFacts(MachineConfig& config, const json& facts) {
     }
     if (const auto fact = facts.find("windows"); fact != facts.end()) {
         changed.windows = windowsFact(*fact);
+    }
+    if (const auto fact = facts.find("product_info"); fact != facts.end()) {
+        changed.productInfo = numberFact(*fact, "product_info");
+    }
+    if (const auto fact = facts.find("metrics"); fact != facts.end()) {
+        changed.metrics = metricsFact(*fact);
     }
     config = std::move(changed);
 }

@@ -1,44 +1,9 @@
-#include "host/files/openfile.h"
+#include "host/machine/systemversion.h"
 #include "host/machine/wiring.h"
-#include "host/processes/process.h"
-#include "host/processes/processsnapshot.h"
-
-#include <unistd.h>
 
 namespace mox::host {
 
 namespace {
-
-using platform::Handle;
-using platform::invalidHandle;
-
-Handle createSnapshot(Handles& handles) {
-    const Handle snapshot = handles.open("snapshot", std::make_shared<ProcessSnapshot>());
-    return snapshot != 0 ? snapshot : invalidHandle;
-}
-
-/// Fills in the entry that `step` gives.
-bool enumerate(Machine& machine, Handle handle, platform::PROCESSENTRY32& entry, const ProcessFacts* (ProcessSnapshot::*step)()) {
-    constexpr std::uint32_t entrySize = 296;
-    constexpr std::size_t longestName = 259; // in front of the final NUL
-    const std::shared_ptr<ProcessSnapshot> snapshot = machine.handles.get<ProcessSnapshot>(handle);
-    const ProcessFacts* const process = snapshot && entry.dwSize == entrySize ? ((*snapshot).*step)() : nullptr;
-    if (!process) {
-        return false;
-    }
-    entry.th32ProcessID = process->id;
-    entry.th32ParentProcessID = process->parent;
-    entry.szExeFile = machine.codePage.fromUtf8(process->name).substr(0, longestName);
-    return true;
-}
-
-Handle openProcess(Handles& handles, std::uint32_t id) {
-    return handles.open("process", Process::open(id));
-}
-
-bool closeHandle(Handles& handles, Handle handle) {
-    return handles.close<ProcessSnapshot>(handle) || handles.close<Process>(handle) || handles.close<OpenFile>(handle);
-}
 
 /// A conversion into the caller's buffer; for an empty one the size that it would need. 0 if the buffer is too small.
 template <class Unit, class Into, class Whole> std::int32_t deliver(std::span<Unit> buffer, Into into, Whole whole) {
@@ -57,18 +22,11 @@ template <class Convert> std::int32_t convert(Machine& machine, std::uint32_t nu
 
 void wireKernel32(Machine& machine) {
     platform::Kernel32& kernel32 = machine.kernel32;
-    Handles& handles = machine.handles;
 
-    kernel32.GetCurrentProcessId = [] { return static_cast<std::uint32_t>(getpid()); };
-    kernel32.CreateToolhelp32Snapshot = [&](auto, auto) { return createSnapshot(handles); };
-    kernel32.Process32First = [&](auto snapshot, auto& entry) {
-        return enumerate(machine, snapshot, entry, &ProcessSnapshot::first);
+    kernel32.GetVersionExA = [&](auto& record) { return describeVersion(machine.config().windows, machine.codePage, record); };
+    kernel32.GetProductInfo = [&](auto major, auto, auto, auto, auto& type) {
+        return describeProduct(machine.config(), major, type);
     };
-    kernel32.Process32Next = [&](auto snapshot, auto& entry) {
-        return enumerate(machine, snapshot, entry, &ProcessSnapshot::next);
-    };
-    kernel32.OpenProcess = [&](auto, auto, auto process) { return openProcess(handles, process); };
-    kernel32.CloseHandle = [&](auto handle) { return closeHandle(handles, handle); };
 
     kernel32.GetTickCount = [&] { return static_cast<std::uint32_t>(machine.clock().now()); };
 

@@ -1,3 +1,4 @@
+#include "host/machine/systemversion.h"
 #include "host/machine/wiring.h"
 
 namespace mox::host {
@@ -7,6 +8,7 @@ void wireUser32(Machine& machine) {
     user32.MessageBoxA = [&](auto owner, auto text, auto caption, auto style) {
         return machine.messageBoxes.show(owner, text, caption, style);
     };
+    user32.GetSystemMetrics = [&](auto index) { return systemMetric(machine.config(), index); };
     // Timers of the thread alone: this machine has no windows that they could belong to.
     user32.SetTimer = [&](auto window, auto id, auto milliseconds, auto procedure) {
         return window == 0 ? machine.messageLoops.setTimer(milliseconds, std::move(procedure), id) : 0;

@@ -1,4 +1,5 @@
-// The bodies of the operations, one source a library. Those on files are the files' own: `wireFiles`.
+// The bodies of the operations, one source a library. Those on files and on processes are
+// with these: `wireFiles`, `wireProcesses`.
 #pragma once
 
 #include "host/machine/machine.h"

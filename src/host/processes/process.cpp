@@ -1,12 +1,18 @@
 #include "host/processes/process.h"
 
+#include "host/files/filedescriptor.h"
 #include "host/processes/processfiles.h"
 #include "host/processes/processsnapshot.h"
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <sstream>
 #include <string_view>
+
+#include <poll.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 namespace mox::host {
 
@@ -36,6 +42,8 @@ std::optional<std::string> loadedFile(const std::string& line) {
     }
     return path;
 }
+
+constexpr std::uint32_t withoutEnd = 0xFFFFFFFF;
 
 } // namespace
 
@@ -85,6 +93,23 @@ std::optional<std::filesystem::path> Process::moduleFile(platform::Handle module
     const auto place = static_cast<std::size_t>(module / moduleStep) - 1;
     return module > 0 && module % moduleStep == 0 && place < known_.size() ? std::optional<std::filesystem::path>(known_[place])
                                                                            : std::nullopt;
+}
+
+std::optional<bool> Process::waitForEnd(std::uint32_t milliseconds) const {
+    const FileDescriptor process(static_cast<int>(syscall(SYS_pidfd_open, id_, 0)));
+    if (!process) {
+        return errno == ESRCH ? std::optional(true) : std::nullopt;
+    }
+    // Now that the number is held, it can be told whether it still stands for the same process.
+    const auto facts = factsOfProcess(id_);
+    if (!facts || facts->start != start_) {
+        return true;
+    }
+    pollfd ended{process.number(), POLLIN, 0};
+    constexpr std::uint32_t longest = std::numeric_limits<int>::max();
+    const int wait = milliseconds == withoutEnd ? -1 : static_cast<int>(std::min(milliseconds, longest));
+    const int count = poll(&ended, 1, wait);
+    return count < 0 ? std::nullopt : std::optional(count > 0);
 }
 
 } // namespace mox::host

@@ -28,6 +28,8 @@ public:
     std::vector<platform::Handle> modules();
     /// The file of a module that `modules` named; 0 stands for the executable. Empty for anything else.
     std::optional<std::filesystem::path> moduleFile(platform::Handle module);
+    /// False if it still runs after so many milliseconds; 0xFFFFFFFF waits without an end. Empty if it cannot be waited for.
+    std::optional<bool> waitForEnd(std::uint32_t milliseconds) const;
 
 private:
     std::optional<std::filesystem::path> executable() const;
