@@ -1,6 +1,7 @@
 // kernel32: files, processes, text.
 #pragma once
 
+#include "platform/finddata.h"
 #include "platform/operation.h"
 #include "platform/types.h"
 
@@ -53,17 +54,6 @@ inline constexpr std::uint32_t WAIT_OBJECT_0 = 0;
 inline constexpr std::uint32_t WAIT_TIMEOUT = 258;
 inline constexpr std::uint32_t WAIT_FAILED = 0xFFFFFFFF;
 inline constexpr std::uint32_t STILL_ACTIVE = 259;
-
-/// One found file. Times are in 100 nanoseconds since 1601-01-01 UTC.
-struct WIN32_FIND_DATAA {
-    std::uint32_t dwFileAttributes = 0;
-    std::uint64_t ftCreationTime = 0;
-    std::uint64_t ftLastAccessTime = 0;
-    std::uint64_t ftLastWriteTime = 0;
-    std::uint64_t nFileSize = 0;
-    /// A name that the code page does not hold appears as its short name.
-    std::string cFileName;
-};
 
 /// One process of a snapshot.
 struct PROCESSENTRY32 {

@@ -92,20 +92,6 @@ TEST_F(SearchTest, describesFiles) {
     EXPECT_EQ(found.nFileSize, 0u);
 }
 
-TEST_F(SearchTest, passesOverFilesThatVanish) {
-    for (const char* name : {"a", "b", "c"}) {
-        makeFile(name);
-    }
-    WIN32_FIND_DATAA found;
-    const Handle search = kernel32().FindFirstFileA("D:\\*", found);
-    std::filesystem::remove(disk() / "b");
-    makeFile("d");
-    ASSERT_TRUE(kernel32().FindNextFileA(search, found));
-    EXPECT_EQ(found.cFileName, "c");
-    EXPECT_FALSE(kernel32().FindNextFileA(search, found));
-    EXPECT_TRUE(kernel32().FindClose(search));
-}
-
 TEST_F(SearchTest, refusesHandlesThatAreNone) {
     makeFile("a");
     WIN32_FIND_DATAA found;

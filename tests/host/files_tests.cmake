@@ -5,6 +5,7 @@ set(HOST_FILES_TESTS
     files_drives_test.cpp
     files_findexecutable_test.cpp
     files_links_test.cpp
+    files_listing_test.cpp
     files_open_test.cpp
     files_paths_test.cpp
     files_pattern_test.cpp

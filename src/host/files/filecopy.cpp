@@ -2,6 +2,7 @@
 
 #include "host/files/filecontents.h"
 #include "host/files/filefacts.h"
+#include "host/files/foldermark.h"
 #include "host/files/pendingfile.h"
 #include "host/files/storedfacts.h"
 
@@ -57,8 +58,8 @@ bool mayReplace(const Files& files, const DiskPath& target, const struct stat& s
            files.sharing().permits(FileIdentity::of(facts), FILE_SHARE_WRITE, 0);
 }
 
-/// Brings attributes and the time of the last change from one open file to another.
-bool copyFacts(const Source& source, int copy, bool withCreationTime) {
+/// Brings attributes and the time of the last change from one open file to another, which is to lie at `target`.
+bool copyFacts(const Source& source, int copy, const std::string& target, bool withCreationTime) {
     constexpr mode_t writeByAnyone = S_IWUSR | S_IWGRP | S_IWOTH;
     StoredFacts stored = StoredFacts::read(source.file.number());
     if (!withCreationTime) {
@@ -72,6 +73,7 @@ bool copyFacts(const Source& source, int copy, bool withCreationTime) {
         (fstat(copy, &facts) != 0 || fchmod(copy, facts.st_mode & 07777 & ~writeByAnyone) != 0)) {
         return false;
     }
+    markFolderOf(target, stored.attributes.value_or(0));
     const std::array times{timespec{0, UTIME_OMIT}, source.facts.st_mtim};
     return futimens(copy, times.data()) == 0;
 }
@@ -80,8 +82,8 @@ bool copyFacts(const Source& source, int copy, bool withCreationTime) {
 bool copyTo(const Source& source, const std::string& target, bool replace, bool withCreationTime) {
     constexpr mode_t permissions = 0777;
     PendingFile copy(target, source.facts.st_mode & permissions);
-    return copy && copyContents(source.file.number(), copy.number()) && copyFacts(source, copy.number(), withCreationTime) &&
-           copy.complete(replace);
+    return copy && copyContents(source.file.number(), copy.number()) &&
+           copyFacts(source, copy.number(), target, withCreationTime) && copy.complete(replace);
 }
 
 /// True if the name of a new file is one that the disk can have.
@@ -137,6 +139,7 @@ bool moveFile(const Files& files, std::string_view from, std::string_view to) {
     if (target->written.text == source) {
         return true;
     }
+    markFolderOf(target->written.text, StoredFacts::read(source).attributes.value_or(0));
     return renameWithoutReplacing(source, target->written.text) ||
            (errno == EXDEV && moveToOtherDisk(files, source, target->written.text));
 }

@@ -1,6 +1,7 @@
 #include "host/files/filefacts.h"
 
 #include "host/files/filetimes.h"
+#include "host/files/foldermark.h"
 #include "host/files/storedfacts.h"
 
 #include "platform/kernel32.h"
@@ -110,6 +111,7 @@ bool writeAttributes(const DiskPath& path, std::uint32_t attributes) {
     }
     // A failure shows when the attributes are read again.
     StoredFacts{attributes, StoredFacts::read(path.text).created}.write(path.text);
+    markFolderOf(path.text, attributes);
     if (isFile && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
         chmod(text, mode & ~writeByAnyone);
     }

@@ -4,8 +4,6 @@
 #include "host/files/names.h"
 #include "host/files/standardfolders.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
@@ -128,11 +126,16 @@ std::shared_ptr<FileSearch> Files::search(std::string_view pattern) const {
         const std::optional<DiskPath> file = find(pattern);
         return file ? std::make_shared<FileSearch>(*file, codePage_) : nullptr;
     }
-    std::optional<DiskPath> folder = folderOf(*path);
-    if (!folder || eaccess(folder->text.c_str(), R_OK) != 0) {
-        return nullptr;
+    DrivePath folderPath = *path;
+    folderPath.names.pop_back();
+    std::optional<DiskPath> folder = exactly(folderPath);
+    if (folder && !isReadableFolder(folder->text)) {
+        folder = folderOf(*path);
+        if (folder && !isReadableFolder(folder->text)) {
+            folder = std::nullopt;
+        }
     }
-    return std::make_shared<FileSearch>(std::move(*folder), path->names.back(), codePage_);
+    return folder ? std::make_shared<FileSearch>(std::move(*folder), path->names.back(), codePage_, folders_) : nullptr;
 }
 
 bool Files::hasFolderOf(std::string_view pattern) const {
@@ -158,7 +161,7 @@ std::string Files::shortPath(std::string_view path) const {
     }
     std::vector<std::string> names;
     for (const std::string& name : parsed->names) {
-        const std::string found = findName(folder->text, name, codePage_);
+        const std::string found = findName(folder->text, name).value_or("");
         names.push_back(shortNameIn(folder->text, found, codePage_));
         folder->text = joined(folder->text, found);
     }
@@ -210,31 +213,51 @@ std::optional<DiskPath> Files::rootOf(char drive) const {
     return DiskPath{folder, folder == "/" ? 0 : folder.size()};
 }
 
+std::optional<DiskPath> Files::exactly(const DrivePath& path) const {
+    std::optional<DiskPath> place = path.hasWildcards() ? std::nullopt : rootOf(path.drive);
+    if (place) {
+        for (const std::string& name : path.names) {
+            place->text = joined(place->text, name);
+        }
+    }
+    return place;
+}
+
+std::optional<std::string> Files::findName(const std::string& folder, std::string_view name) const {
+    if (existsOnDisk(joined(folder, name))) {
+        return std::string(name);
+    }
+    const std::shared_ptr<const FolderListing> listing = folders_.listing(folder);
+    return listing ? std::optional(findOtherName(*listing, name, codePage_)) : std::nullopt;
+}
+
 std::optional<Files::Location> Files::locate(const DrivePath& path) const {
-    std::optional<DiskPath> place = rootOf(path.drive);
-    if (!place || path.hasWildcards()) {
+    std::optional<DiskPath> place = exactly(path);
+    if (!place) {
         return std::nullopt;
     }
-    std::string exact = place->text;
-    for (const std::string& name : path.names) {
-        exact = joined(exact, name);
+    if (const bool exists = existsOnDisk(place->text); exists || path.names.empty()) {
+        return Location{std::move(*place), exists};
     }
-    if (existsOnDisk(exact)) {
-        return Location{{std::move(exact), place->rootLength}, true};
-    }
-    for (std::size_t i = 0; i < path.names.size(); ++i) {
-        const std::string found = findName(place->text, path.names[i], codePage_);
-        if (!found.empty()) {
-            place->text = joined(place->text, found);
+    // Most paths are spelled as the disk has them, up to a last name that is not there.
+    std::size_t i = path.names.size();
+    do {
+        --i;
+        place->text = parentOf(place->text);
+    } while (i > 0 && !existsOnDisk(place->text));
+    for (; i < path.names.size(); ++i) {
+        const std::optional<std::string> found = findName(place->text, path.names[i]);
+        if (found && !found->empty()) {
+            place->text = joined(place->text, *found);
             continue;
         }
         const std::string_view name = withoutTrailingDots(path.names[i]);
-        if (i + 1 < path.names.size() || name.empty() || !isFolderOnDisk(place->text)) {
+        if (i + 1 < path.names.size() || name.empty() || (!found && !isFolderOnDisk(place->text))) {
             return std::nullopt;
         }
         return Location{{joined(place->text, name), place->rootLength}, false};
     }
-    return Location{std::move(*place), !path.names.empty()};
+    return Location{std::move(*place), true};
 }
 
 std::optional<Files::Location> Files::locate(std::string_view path) const {

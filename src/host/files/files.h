@@ -7,6 +7,7 @@
 #include "host/files/filefacts.h"
 #include "host/files/filesharing.h"
 #include "host/files/folder.h"
+#include "host/files/foldercache.h"
 #include "host/machine/machineconfig.h"
 #include "host/text/codepage.h"
 
@@ -25,7 +26,8 @@ class FileSearch;
 
 /// Drives that stand for folders of this machine, and paths into them. Paths come in and go out as bytes of the code page, and
 /// come in up to their first NUL. Both slashes separate; a path without a drive continues the current folder. ".." ends at the
-/// root of a drive, and a name means what `findName` finds.
+/// root of a drive, and a name means the very same
+/// one if there is one, else what `findOtherName` finds.
 ///
 /// `C:` is the folder `drives/C` of the mox home, with the standard folders of the system and the user, made when the drive is
 /// first used; `Z:` is the root of the disk. The configuration adds drives and may put others in the place of these.
@@ -96,6 +98,10 @@ private:
 
     std::optional<DrivePath> parse(std::string_view path) const;
     std::optional<DiskPath> rootOf(char drive) const;
+    /// A path on disk with all names as they are written.
+    std::optional<DiskPath> exactly(const DrivePath& path) const;
+    /// The name in a folder on disk that a name means, empty if there is none. Nothing if the folder cannot be read.
+    std::optional<std::string> findName(const std::string& folder, std::string_view name) const;
     std::optional<Location> locate(const DrivePath& path) const;
     std::optional<Location> locate(std::string_view path) const;
     /// An existing file or folder.
@@ -107,6 +113,7 @@ private:
     std::map<char, std::filesystem::path> drives_;
     const CodePage& codePage_;
     const std::shared_ptr<FileSharing> sharing_ = std::make_shared<FileSharing>();
+    mutable FolderCache folders_;
     mutable std::once_flag standardFolders_;
     mutable std::mutex currentFolderGuard_;
     DrivePath currentFolder_;

@@ -1,94 +1,96 @@
 #include "host/files/filesearch.h"
 
 #include "host/files/names.h"
-#include "host/files/shortnames.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 namespace mox::host {
 
-FileSearch::FileSearch(DiskPath folder, std::string_view pattern, const CodePage& codePage)
-    : folder_(std::move(folder)), codePage_(codePage), pattern_(pattern) {}
+FileSearch::FileSearch(DiskPath folder, std::string_view pattern, const CodePage& codePage, FolderCache& folders)
+    : folder_(std::move(folder)), codePage_(codePage), folders_(&folders), pattern_(pattern) {}
 
-FileSearch::FileSearch(const DiskPath& file, const CodePage& codePage)
-    : folder_{parentOf(file.text), file.rootLength}, codePage_(codePage), namesRead_(true) {
-    std::string name = nameOf(file.text);
-    std::string written = writtenName(folder_.text, name, codePage);
-    entries_.push_back({std::move(name), std::move(written), {}});
-}
+FileSearch::FileSearch(const DiskPath& file, const CodePage& codePage) : folder_(file), codePage_(codePage), folders_(nullptr) {}
 
 bool FileSearch::next(platform::WIN32_FIND_DATAA& found) {
-    if (nextDot(found)) {
-        return true;
+    return pattern_ ? nextDot(found) || nextName(found) : nextSingle(found);
+}
+
+bool FileSearch::nextSingle(platform::WIN32_FIND_DATAA& found) {
+    const std::optional<FileFacts> facts = position_++ == 0 ? readFacts(folder_) : std::nullopt;
+    if (!facts) {
+        return false;
     }
-    // Many a search only wants to know whether there is a folder: it does not pay for the names.
-    if (!std::exchange(namesRead_, true)) {
-        readNames();
-    }
-    while (position_ < entries_.size()) {
-        Entry& entry = entries_[position_++];
-        if (describe({joined(folder_.text, entry.name), folder_.rootLength}, std::move(entry.written), found)) {
-            return true;
-        }
-    }
-    return false;
+    found.describe({facts->attributes, facts->created, facts->accessed, facts->written, facts->size});
+    found.cFileName = writtenName(parentOf(folder_.text), nameOf(folder_.text), codePage_);
+    return true;
 }
 
 bool FileSearch::nextDot(platform::WIN32_FIND_DATAA& found) {
     constexpr std::size_t dotNames = 2;
     const std::size_t rootLength = std::max<std::size_t>(folder_.rootLength, 1);
-    if (!pattern_ || folder_.text.size() == rootLength) {
-        return false;
-    }
-    while (dots_ < dotNames) {
+    while (dots_ < dotNames && folder_.text.size() != rootLength) {
         ++dots_;
-        const std::string name(dots_, '.');
-        const std::size_t length = dots_ == 1 ? folder_.text.size() : std::max(folder_.text.rfind('/'), rootLength);
-        if (pattern_->matches(upperCase(name)) && describe({folder_.text.substr(0, length), folder_.rootLength}, name, found)) {
+        const std::string_view name = std::string_view("..").substr(0, dots_);
+        if (pattern_->matches(name)) {
+            files_ = files_ ? files_ : std::make_shared<FoundFiles>(folder_, nullptr);
+            file_ = dots_ == 1 ? FoundFiles::folderItself : FoundFiles::parentFolder;
+            FoundFiles::describe(files_, file_, found);
+            found.cFileName = name;
             return true;
         }
     }
     return false;
 }
 
-void FileSearch::readNames() {
-    const std::vector<std::string> names = namesIn(folder_.text).value_or(std::vector<std::string>());
-    std::optional<ShortNames> shortNames;
-    const auto shortNameOf = [&](const std::string& name) -> const std::string& {
-        if (!shortNames) {
-            shortNames.emplace(names, codePage_);
-        }
-        return shortNames->of(name);
-    };
-    const auto matchesShort = [&](const std::string& name) {
-        const std::string& shortName = shortNameOf(name);
-        return !shortName.empty() && pattern_->matches(upperCase(shortName));
-    };
-    for (const std::string& name : names) {
-        std::u32string upper = upperCase(name);
-        if (pattern_->matches(upper) || matchesShort(name)) {
-            std::string written = canBeWritten(name, codePage_) ? codePage_.fromUtf8(name) : shortNameOf(name);
-            entries_.push_back({name, std::move(written), std::move(upper)});
+bool FileSearch::nextName(platform::WIN32_FIND_DATAA& found) {
+    // Many a search only wants to know whether there is a folder: it does not pay for the names.
+    if (!listing_) {
+        listing_ = folders_->listing(folder_.text);
+        listing_ = listing_ ? listing_ : std::make_shared<const FolderListing>();
+        files_ = std::make_shared<FoundFiles>(folder_, listing_);
+    }
+    for (; position_ < listing_->size(); ++position_) {
+        if (matches(position_)) {
+            file_ = position_++;
+            FoundFiles::describe(files_, file_, found);
+            write(file_, found.cFileName);
+            return true;
         }
     }
-    std::ranges::sort(entries_, {}, [](const Entry& entry) { return std::tie(entry.upper, entry.name); });
+    return false;
 }
 
-bool FileSearch::describe(DiskPath path, std::string written, platform::WIN32_FIND_DATAA& found) {
-    const std::optional<FileFacts> facts = readFacts(path);
-    if (!facts) {
-        return false;
+bool FileSearch::matches(std::size_t file) {
+    if (pattern_->matchesAll()) {
+        return true;
     }
-    path_ = std::move(path);
-    found.dwFileAttributes = facts->attributes;
-    found.ftCreationTime = facts->created;
-    found.ftLastAccessTime = facts->accessed;
-    found.ftLastWriteTime = facts->written;
-    found.nFileSize = facts->size;
-    found.cFileName = std::move(written);
-    return true;
+    if (listing_->isAscii(file) ? pattern_->matches(listing_->upper(file)) : pattern_->matches(upperCase(listing_->name(file)))) {
+        return true;
+    }
+    const std::string& other = shortName(file);
+    return !other.empty() && pattern_->matches(upperCase(other));
+}
+
+void FileSearch::write(std::size_t file, std::string& written) {
+    const std::string_view name = listing_->name(file);
+    if (listing_->isPlain(file)) {
+        written = name;
+    } else {
+        written = canBeWritten(name, codePage_) ? codePage_.fromUtf8(name) : shortName(file);
+    }
+}
+
+const std::string& FileSearch::shortName(std::size_t file) {
+    static const std::string none;
+    const std::string name(listing_->name(file));
+    if (isShort(name, codePage_)) {
+        return none;
+    }
+    if (!shortNames_) {
+        shortNames_.emplace(listing_->names(), codePage_);
+    }
+    return shortNames_->of(name);
 }
 
 } // namespace mox::host

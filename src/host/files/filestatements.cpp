@@ -56,7 +56,7 @@ std::int32_t killFiles(const Files& files, std::string_view pattern) {
     }
     std::int32_t result = fileNotFound;
     for (platform::WIN32_FIND_DATAA found; search->next(found);) {
-        const DiskPath& path = search->path();
+        const DiskPath path = search->path();
         if (!isFileToDelete(found, path)) {
             continue;
         }

@@ -1,13 +1,12 @@
 // Folders on disk.
 #pragma once
 
+#include "host/files/folderlisting.h"
 #include "host/text/codepage.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace mox::host {
 
@@ -30,13 +29,13 @@ bool existsOnDisk(const std::string& path) noexcept;
 /// True if a path leads to a folder, also by a link.
 bool isFolderOnDisk(const std::string& path) noexcept;
 
-/// The names in a folder but "." and "..", in no order; nothing if it cannot be read.
-std::optional<std::vector<std::string>> namesIn(const std::string& folder);
+/// True if a path leads to a folder, also by a link, in which the present user may list and reach files.
+bool isReadableFolder(const std::string& path) noexcept;
 
-/// The name on disk that a name in a path means: the very same one if there is one, else one that differs in case, else the one
-/// with that short name. Of several that differ in case only the first in the order of bytes counts. Dots and blanks at the end
-/// of the name do not count, unless a file has them. Empty if there is none.
-std::string findName(const std::string& folder, std::string_view name, const CodePage& codePage);
+/// The name on disk that a name in a path means if there is not the very same one: one that differs in case, else the one with
+/// that short name. Of several that differ in case only the first in the order of bytes counts. Dots and blanks at the end of the
+/// name do not count, unless a file has them. Empty if there is none.
+std::string findOtherName(const FolderListing& listing, std::string_view name, const CodePage& codePage);
 
 /// The short name of a file in a folder; the name itself if that is one.
 std::string shortNameIn(const std::string& folder, const std::string& name, const CodePage& codePage);

@@ -32,7 +32,7 @@ NamePattern::NamePattern(std::string_view pattern) {
     }
 }
 
-bool NamePattern::matches(std::u32string_view name) const noexcept {
+template <class Character> bool NamePattern::matchesText(std::basic_string_view<Character> name) const noexcept {
     // Only `any` leaves a choice, and what is between two of them ends the earlier the earlier it begins: so the last one passed
     // is the only one that it can help to widen.
     constexpr std::size_t none = ~std::size_t{0};
@@ -48,11 +48,11 @@ bool NamePattern::matches(std::u32string_view name) const noexcept {
             }
         } else {
             const Token& token = tokens_[t];
-            const bool atDot = !atEnd && name[n] == U'.';
+            const bool atDot = !atEnd && static_cast<char32_t>(name[n]) == U'.';
             bool passed = false;
             switch (token.kind) {
             case Kind::character:
-                passed = !atEnd && name[n] == token.character;
+                passed = !atEnd && static_cast<char32_t>(name[n]) == token.character;
                 n += passed ? 1 : 0;
                 break;
             case Kind::one:
@@ -69,7 +69,7 @@ bool NamePattern::matches(std::u32string_view name) const noexcept {
                 anyEnd = n;
                 break;
             case Kind::restWithoutDot:
-                passed = name.find(U'.', n) == std::u32string_view::npos;
+                passed = name.find(Character('.'), n) == name.npos;
                 n = passed ? name.size() : n;
                 break;
             }
@@ -84,6 +84,14 @@ bool NamePattern::matches(std::u32string_view name) const noexcept {
         n = ++anyEnd;
         t = lastAny + 1;
     }
+}
+
+bool NamePattern::matches(std::u32string_view name) const noexcept {
+    return matchesText(name);
+}
+
+bool NamePattern::matches(std::string_view name) const noexcept {
+    return matchesText(name);
 }
 
 } // namespace mox::host

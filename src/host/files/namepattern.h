@@ -18,8 +18,11 @@ public:
     /// `pattern`: UTF-8.
     explicit NamePattern(std::string_view pattern);
 
-    /// `name`: in upper case.
+    /// `name`: in upper case. The second one is for ASCII alone.
     bool matches(std::u32string_view name) const noexcept;
+    bool matches(std::string_view name) const noexcept;
+    /// True for a pattern that every name matches.
+    bool matchesAll() const noexcept { return tokens_.size() == 1 && tokens_.front().kind == Kind::any; }
 
     static bool hasWildcards(std::string_view text) noexcept { return text.find_first_of("*?") != std::string_view::npos; }
 
@@ -29,6 +32,8 @@ private:
         Kind kind;
         char32_t character = 0;
     };
+
+    template <class Character> bool matchesText(std::basic_string_view<Character> name) const noexcept;
 
     std::vector<Token> tokens_;
 };

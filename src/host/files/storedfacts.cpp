@@ -10,7 +10,6 @@ namespace mox::host {
 
 namespace {
 
-constexpr char attributeName[] = "user.DOSATTRIB";
 constexpr std::string_view prefix = "0x";
 
 template <class Number> std::optional<Number> takeHexadecimal(std::string_view& text) {

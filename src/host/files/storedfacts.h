@@ -12,6 +12,8 @@ namespace mox::host {
 /// creation in the same form, in 100 nanoseconds since 1601-01-01 UTC. The time may be missing; what follows is left alone by
 /// readers.
 struct StoredFacts {
+    static constexpr char attributeName[] = "user.DOSATTRIB";
+
     std::optional<std::uint32_t> attributes;
     std::optional<std::uint64_t> created;
 
