@@ -18,6 +18,9 @@ inline constexpr HKEY HKEY_PERFORMANCE_DATA = static_cast<HKEY>(0x80000004);
 inline constexpr HKEY HKEY_CURRENT_CONFIG = static_cast<HKEY>(0x80000005);
 inline constexpr HKEY HKEY_DYN_DATA = static_cast<HKEY>(0x80000006);
 
+inline constexpr std::uint32_t KEY_QUERY_VALUE = 0x1;
+inline constexpr std::uint32_t KEY_SET_VALUE = 0x2;
+inline constexpr std::uint32_t KEY_ENUMERATE_SUB_KEYS = 0x8;
 inline constexpr std::uint32_t KEY_READ = 0x20019;
 inline constexpr std::uint32_t KEY_ALL_ACCESS = 0xF003F;
 
@@ -37,8 +40,11 @@ inline constexpr std::int32_t ERROR_SUCCESS = 0;
 inline constexpr std::int32_t ERROR_FILE_NOT_FOUND = 2;
 inline constexpr std::int32_t ERROR_ACCESS_DENIED = 5;
 inline constexpr std::int32_t ERROR_INVALID_HANDLE = 6;
+inline constexpr std::int32_t ERROR_NOT_ENOUGH_MEMORY = 8;
 inline constexpr std::int32_t ERROR_WRITE_FAULT = 29;
 inline constexpr std::int32_t ERROR_INVALID_PARAMETER = 87;
+inline constexpr std::int32_t ERROR_DISK_FULL = 112;
+inline constexpr std::int32_t ERROR_BUSY = 170;
 inline constexpr std::int32_t ERROR_MORE_DATA = 234;
 inline constexpr std::int32_t ERROR_NO_MORE_ITEMS = 259;
 inline constexpr std::int32_t ERROR_BADDB = 1009;

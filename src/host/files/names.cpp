@@ -3,6 +3,8 @@
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
+#include <array>
+
 namespace mox::host {
 
 namespace {
@@ -43,6 +45,26 @@ bool equalWithoutCase(std::string_view first, std::string_view second) noexcept 
         }
     }
     return i == first.size() && j == second.size();
+}
+
+std::string foldCase(std::string_view name) {
+    std::string result;
+    result.reserve(name.size());
+    for (std::size_t i = 0; i < name.size();) {
+        const std::size_t start = i;
+        const char32_t c = folded(takeCharacter(name, i));
+        if (c < 0x80) {
+            result += static_cast<char>(c);
+        } else if (U_IS_SURROGATE(c)) {
+            result += name[start];
+        } else {
+            std::array<char, U8_MAX_LENGTH> bytes{};
+            std::size_t length = 0;
+            U8_APPEND_UNSAFE(bytes.data(), length, c);
+            result.append(bytes.data(), length);
+        }
+    }
+    return result;
 }
 
 std::u32string upperCase(std::string_view name) {

@@ -10,6 +10,9 @@ namespace mox::host {
 /// are equal to themselves only.
 bool equalWithoutCase(std::string_view first, std::string_view second) noexcept;
 
+/// A name with the case of its letters folded: equal for names that are equal without regard to case.
+std::string foldCase(std::string_view name);
+
 /// The upper-case characters of a name: what names are ordered by and patterns are compared with. A byte that is no UTF-8 becomes
 /// a lone surrogate.
 std::u32string upperCase(std::string_view name);

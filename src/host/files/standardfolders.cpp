@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <string>
 
 namespace mox::host {
 
@@ -37,6 +36,8 @@ constexpr const char* userFolders[] = {
     "Videos",
 };
 
+} // namespace
+
 std::string nameOfUser() {
     passwd entry{};
     passwd* found = nullptr;
@@ -48,8 +49,6 @@ std::string nameOfUser() {
     std::ranges::replace_if(name, isReserved, '_');
     return name.empty() ? "user" : name;
 }
-
-} // namespace
 
 void makeStandardFolders(const std::filesystem::path& drive) {
     std::error_code ignored;

@@ -36,10 +36,11 @@ std::string runtimeText(const Machine& machine) {
 
 } // namespace
 
-std::vector<ServiceReport> examine(const Machine& machine) {
+std::vector<ServiceReport> examine(Machine& machine) {
     return {
         {"files", filesText(machine)},
         {"text", textText(machine)},
+        {"registry", machine.registry.report()},
         {"processes", "/proc of this system"},
         {"runtime", runtimeText(machine)},
         {"desktop", "in memory, no presenter; " + std::to_string(screenDotsPerInch) + " dots per inch"},

@@ -16,6 +16,7 @@ struct ServiceReport {
     std::string text;
 };
 
-MOX_API std::vector<ServiceReport> examine(const Machine& machine);
+/// Opens the registry, if there is one.
+MOX_API std::vector<ServiceReport> examine(Machine& machine);
 
 } // namespace mox::host

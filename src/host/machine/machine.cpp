@@ -3,6 +3,7 @@
 #include "host/files/wire_files.h"
 #include "host/machine/wiring.h"
 #include "host/processes/wire_processes.h"
+#include "host/registry/wire_registry.h"
 
 #include "automation/objects/apartment.h"
 
@@ -41,7 +42,7 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
 Machine::Machine(MachineConfig config)
     : temporaryHome_(config.home.empty() ? std::optional<TemporaryFolder>(std::in_place, "mox-") : std::nullopt),
       config_(completed(std::move(config), temporaryHome_)), codePage(config_.codePage), files(config_, codePage),
-      messageLoops(config_.clock) {
+      registry(registryFacts(*this), config_.home / "registry.sqlite", codePage, handles), messageLoops(config_.clock) {
     wireKernel32(*this);
     wirePsapi(*this);
     wireRuntime(*this);
@@ -50,6 +51,7 @@ Machine::Machine(MachineConfig config)
     wireOpenFiles(*this);
     wireFileContents(*this);
     wireProcesses(*this);
+    wireRegistry(*this);
 }
 
 Machine::~Machine() {

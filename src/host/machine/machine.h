@@ -7,6 +7,7 @@
 #include "host/machine/handles.h"
 #include "host/machine/machineconfig.h"
 #include "host/machine/temporaryfolder.h"
+#include "host/registry/registry.h"
 #include "host/text/codepage.h"
 
 #include "platform/advapi32.h"
@@ -60,6 +61,7 @@ public:
     Handles handles;
     CodePage codePage;
     Files files;
+    Registry registry;
     MessageLoops messageLoops;
     MessageBoxes messageBoxes;
 

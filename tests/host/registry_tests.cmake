@@ -1,0 +1,10 @@
+set(HOST_REGISTRY_TESTS
+    registry_classes_test.cpp
+    registry_damage_test.cpp
+    registry_environment_test.cpp
+    registry_facts_test.cpp
+    registry_keys_test.cpp
+    registry_processes_test.cpp
+    registry_profile_test.cpp
+    registry_values_test.cpp
+)
