@@ -95,7 +95,7 @@ TEST(ControlTest, tellsWhatStandsBehindEachService) {
     for (const json& line : answer.at("services")) {
         texts[line.at("service")] = line.at("text");
     }
-    for (const char* service : {"files", "text", "processes", "runtime", "desktop", "message boxes", "shell"}) {
+    for (const char* service : {"files", "text", "processes", "runtime", "desktop", "dialogs", "shell"}) {
         EXPECT_TRUE(texts.contains(service)) << service;
         EXPECT_EQ(texts[service].find('\n'), std::string::npos);
     }

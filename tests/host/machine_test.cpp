@@ -130,19 +130,6 @@ TEST(MachineTest, runsTimersOfTheThread) {
     EXPECT_FALSE(user32().KillTimer(0, timer));
 }
 
-TEST(MachineTest, answersMessageBoxes) {
-    static constexpr std::uint32_t yesNo = 4;
-    TestMachine machine;
-    EXPECT_EQ(user32().MessageBoxA(0, "text", "caption", MB_OK | MB_ICONINFORMATION), IDOK);
-    EXPECT_EQ(user32().MessageBoxA(0, "text", "caption", yesNo | MB_ICONINFORMATION), IDCANCEL);
-    machine->messageBoxes.presenter = [](Handle owner, std::string_view text, std::string_view caption, std::uint32_t style) {
-        EXPECT_EQ(owner, 8);
-        EXPECT_EQ(style, yesNo);
-        return text == "text" && caption == "caption" ? 6 : 0;
-    };
-    EXPECT_EQ(user32().MessageBoxA(8, "text", "caption", yesNo), 6);
-}
-
 TEST(MachineTest, convertsText) {
     MachineConfig config;
     config.codePage = 1251;

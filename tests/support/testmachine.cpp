@@ -10,6 +10,9 @@ TestMachine::TestMachine(host::MachineConfig config) : folder_(testing::TempDir(
     if (config.home.empty()) {
         config.home = folder_.path() / "home";
     }
+    if (config.trash.empty()) {
+        config.trash = folder_.path() / "trash";
+    }
     if (!config.clock) {
         config.clock = clock_;
     }

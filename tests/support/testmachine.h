@@ -16,7 +16,7 @@ namespace mox::test {
 /// the machine before it is the present one again, and every handle that is still open fails the test.
 class TestMachine {
 public:
-    /// What the configuration leaves open is the test's: the home, the clock.
+    /// What the configuration leaves open is the test's: the home, the trash, the clock.
     explicit TestMachine(host::MachineConfig config = {});
     ~TestMachine();
     TestMachine(const TestMachine&) = delete;

@@ -51,7 +51,8 @@ with ``hresult`` 0x8001010E.
     2
     >>> connection.disconnect()
 
-For tests there are ``mox.machine(memory=True)``, ``mox.operations`` and ``mox.handles()``. ``python3 -m mox`` browses the library
+For tests there are ``mox.machine(memory=True)``, ``mox.operations`` and ``mox.handles()``; ``mox.answer("confirm", yes=True)``
+answers the next question ahead, and ``mox.dialogs()`` lists what was asked. ``python3 -m mox`` browses the library
 and evaluates expressions; with ``MOX_TRACE=dispatch`` in the environment every call is printed.
 
 The libraries are looked for in the folders of ``MOX_LIBRARY_PATH``, in ``build/lib`` of the checkout that this package lies in,
@@ -60,7 +61,7 @@ on the system's library path and beside the package.
 from . import _objects, _records, _typelib, enums
 from ._errors import Error
 from ._events import Connection, connect
-from ._machine import doctor, handles, machine, operations, pump
+from ._machine import answer, dialogs, doctor, handles, machine, operations, pump
 from ._objects import Object, create
 from ._records import Record
 from ._values import Array, ByRef, ByteArray, Date
@@ -76,8 +77,10 @@ __all__ = [
     "Error",
     "Object",
     "Record",
+    "answer",
     "connect",
     "create",
+    "dialogs",
     "doctor",
     "enums",
     "handles",
@@ -95,8 +98,10 @@ for _public in (
     Error,
     Object,
     Record,
+    answer,
     connect,
     create,
+    dialogs,
     doctor,
     handles,
     machine,

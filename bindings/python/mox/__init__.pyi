@@ -87,8 +87,15 @@ def machine(
     metrics: Mapping[int, int] = ...,
     codepage: int = ...,
     drives: Mapping[str, str | PathLike[str]] = ...,
+    trash: str | PathLike[str] = ...,
 ) -> None:
     """Says what the machine is made of, before the first object is created."""
+
+def answer(kind: str, **reply: Any) -> None:
+    """Answers the next dialog of a kind ahead: ``answer("confirm", yes=True)``, ``answer("message_box", button=6)``."""
+
+def dialogs() -> list[dict[str, Any]]:
+    """The dialogs that were asked, oldest first: ``kind``, ``caption``, ``text`` and ``answer``."""
 
 def handles() -> dict[str, int]:
     """The platform handles that are open, as numbers by kind."""

@@ -31,8 +31,9 @@ def machine(**facts):
     version that it reports, ``(major, minor, build, platform, service_text, product_type, suite)`` or the beginning of that.
     ``product_info``: the number of the edition, from version 6.0 on. ``metrics``: answers of GetSystemMetrics by index.
     ``codepage``: the ANSI code page by its number. ``drives``: folders by drive letter.
+    ``trash``: the folder that takes deleted files in the place of the desktop's trash.
     """
-    for name in ("home", "drives"):
+    for name in ("home", "drives", "trash"):
         if name in facts:
             facts[name] = json.loads(json.dumps(facts[name], default=os.fspath))
     if "windows" in facts:
@@ -94,6 +95,21 @@ operations = Operations()
 def handles():
     """The platform handles that are open, as numbers by kind."""
     return _control("handles")["handles"]
+
+
+def answer(kind, **reply):
+    """Answers the next dialog of a kind ahead, before anybody is asked. Answers of a kind are used in their order.
+
+    ``answer("confirm", yes=True)``: a question of yes or no. ``answer("message_box", button=6)``: the identifier of the button;
+    one that the box does not have counts for nothing. Anything else is error 5.
+    """
+    _control("answer", kind=kind, reply=reply)
+
+
+def dialogs():
+    """The dialogs that were asked, the last thousand at most, oldest first: dictionaries with ``kind``, ``caption``, ``text`` and
+    ``answer``, the reply that came of it."""
+    return _control("dialogs")["dialogs"]
 
 
 def doctor():

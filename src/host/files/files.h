@@ -44,6 +44,10 @@ public:
     /// for dots and blanks at its end; empty if an earlier part does not exist, is no folder, or the path names no drive. A path
     /// with wildcards, and one to a file with a separator behind it, lead nowhere.
     std::optional<std::filesystem::path> resolve(std::string_view path) const;
+    /// An existing file or folder.
+    std::optional<DiskPath> find(std::string_view path) const;
+    /// A path taken apart, with the current folder in front of a relative one.
+    std::optional<DrivePath> parse(std::string_view path) const;
     /// As `resolve`, for what cannot be a folder: a path with a separator at its end leads nowhere.
     std::optional<std::filesystem::path> resolveFile(std::string_view path) const;
     /// As `resolveFile`, as a path on disk.
@@ -96,7 +100,6 @@ private:
         bool exists = false;
     };
 
-    std::optional<DrivePath> parse(std::string_view path) const;
     std::optional<DiskPath> rootOf(char drive) const;
     /// A path on disk with all names as they are written.
     std::optional<DiskPath> exactly(const DrivePath& path) const;
@@ -104,8 +107,6 @@ private:
     std::optional<std::string> findName(const std::string& folder, std::string_view name) const;
     std::optional<Location> locate(const DrivePath& path) const;
     std::optional<Location> locate(std::string_view path) const;
-    /// An existing file or folder.
-    std::optional<DiskPath> find(std::string_view path) const;
     /// The existing folder in front of the last name.
     std::optional<DiskPath> folderOf(DrivePath path) const;
     DrivePath currentFolder() const;

@@ -3,7 +3,6 @@
 #include "host/files/filesearch.h"
 #include "host/files/filestatements.h"
 #include "host/machine/machine.h"
-#include "host/shell/findexecutable.h"
 
 #include <algorithm>
 #include <limits>
@@ -59,17 +58,6 @@ bool diskFreeSpace(const Files& files, std::string_view root, std::uint32_t& sec
     return true;
 }
 
-bool diskFreeSpace(const Files& files, std::string_view folder, std::uint64_t& available, std::uint64_t& total,
-                   std::uint64_t& free) {
-    const std::optional<DriveSpace> space = files.space(folder);
-    if (space) {
-        available = space->available;
-        total = space->total;
-        free = space->free;
-    }
-    return space.has_value();
-}
-
 } // namespace
 
 void wireFiles(Machine& machine) {
@@ -98,12 +86,6 @@ void wireFiles(Machine& machine) {
     runtime.MkDir = [&](auto folder) { return makeFolder(files, folder); };
     runtime.Kill = [&](auto pattern) { return killFiles(files, pattern); };
     runtime.TouchBinary = [&](auto file) { return touchFile(files, file); };
-
-    platform::Shell32& shell32 = machine.shell32;
-    shell32.FindExecutableA = [&](auto file, auto folder, auto result) { return findExecutable(files, file, folder, result); };
-    shell32.SHGetDiskFreeSpaceA = [&](auto folder, auto& available, auto& total, auto& free) {
-        return diskFreeSpace(files, folder, available, total, free);
-    };
 }
 
 } // namespace mox::host

@@ -4,8 +4,7 @@ namespace mox::host {
 
 class Machine;
 
-/// The bodies of the operations on files: searches, attributes, drives, the file statements of the language, and what the shell
-/// knows of files.
+/// The bodies of the operations on files: searches, attributes, drives, and the file statements of the language.
 void wireFiles(Machine& machine);
 /// Those on open files and on whole ones: opening, copying, moving, times.
 void wireOpenFiles(Machine& machine);

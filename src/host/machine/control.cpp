@@ -23,7 +23,8 @@ struct Handler {
 
 constexpr Handler handlers[] = {
     {"machine", &controlMachine}, {"operation", &controlOperation}, {"operations", &controlOperations},
-    {"handles", &controlHandles}, {"doctor", &controlDoctor},
+    {"handles", &controlHandles}, {"doctor", &controlDoctor},       {"answer", &controlAnswer},
+    {"dialogs", &controlDialogs},
 };
 
 std::string run(std::string_view text) {

@@ -33,6 +33,8 @@ MOX_API nlohmann::json controlOperation(const nlohmann::json& request);
 MOX_API nlohmann::json controlOperations(const nlohmann::json& request);
 MOX_API nlohmann::json controlHandles(const nlohmann::json& request);
 MOX_API nlohmann::json controlDoctor(const nlohmann::json& request);
+MOX_API nlohmann::json controlAnswer(const nlohmann::json& request);
+MOX_API nlohmann::json controlDialogs(const nlohmann::json& request);
 
 } // namespace mox::host
 
@@ -46,6 +48,11 @@ MOX_API nlohmann::json controlDoctor(const nlohmann::json& request);
 /// - `{"do": "operations"}`: `{"operations": {"kernel32.FindFirstFileA": calls, ...}}`.
 /// - `{"do": "handles"}`: the open handles by kind, `{"handles": {"find": n, ...}}`.
 /// - `{"do": "doctor"}`: what stands behind each service, `{"services": [{"service": "files", "text": ...}, ...]}`.
+/// - `{"do": "answer", "kind": "confirm", "reply": {"yes": true}}`: answers the next dialog of a kind ahead; see `checkReply`.
+/// Reply: `{}`.
+/// - `{"do": "dialogs"}`: what was asked, oldest first, `{"dialogs": [{"kind": ..., "caption": ..., "text": ..., "answer":
+/// {...}},
+/// ...]}`.
 ///
 /// `E_INVALIDARG` with an error object that says what is wrong for anything else, `E_POINTER` without a place for the reply.
 MOX_EXPORT HRESULT MoxControl(BSTR request, BSTR* reply);

@@ -96,4 +96,21 @@ json controlDoctor(const json& request) {
     return {{"services", std::move(services)}};
 }
 
+json controlAnswer(const json& request) {
+    refuseUnknown(request, "member", {"do", "kind", "reply"});
+    const auto reply = request.find("reply");
+    Machine::current().dialogs.answer(textMember(request, "kind"), reply == request.end() ? json::object() : *reply);
+    return json::object();
+}
+
+json controlDialogs(const json& request) {
+    refuseUnknown(request, "member", {"do"});
+    json dialogs = json::array();
+    for (const AskedDialog& dialog : Machine::current().dialogs.asked()) {
+        dialogs.push_back(
+            {{"kind", dialog.kind}, {"caption", dialog.caption}, {"text", dialog.text}, {"answer", json::parse(dialog.answer)}});
+    }
+    return {{"dialogs", std::move(dialogs)}};
+}
+
 } // namespace mox::host

@@ -34,6 +34,12 @@ std::string runtimeText(const Machine& machine) {
            "; random numbers of the language, one sequence an apartment";
 }
 
+std::string shellText(const Machine& machine) {
+    const std::filesystem::path& trash = machine.config().trash;
+    return "content types and default programs of GIO; " +
+           (trash.empty() ? "the trash of the desktop" : "trash " + trash.string());
+}
+
 } // namespace
 
 std::vector<ServiceReport> examine(Machine& machine) {
@@ -44,8 +50,8 @@ std::vector<ServiceReport> examine(Machine& machine) {
         {"processes", "/proc of this system"},
         {"runtime", runtimeText(machine)},
         {"desktop", "in memory, no presenter; " + std::to_string(screenDotsPerInch) + " dots per inch"},
-        {"message boxes", machine.messageBoxes.presenter ? "a presenter" : "nobody to ask: answered at once"},
-        {"shell", "content types and default programs of GIO"},
+        {"dialogs", machine.dialogs.presenter() ? "a presenter" : "nobody to ask: declined at once"},
+        {"shell", shellText(machine)},
     };
 }
 

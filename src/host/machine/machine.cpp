@@ -4,6 +4,7 @@
 #include "host/machine/wiring.h"
 #include "host/processes/wire_processes.h"
 #include "host/registry/wire_registry.h"
+#include "host/shell/wire_shell.h"
 
 #include "automation/objects/apartment.h"
 
@@ -25,6 +26,9 @@ bool isMade = false;
 MachineConfig completed(MachineConfig config, const std::optional<TemporaryFolder>& temporaryHome) {
     if (temporaryHome) {
         config.home = temporaryHome->path();
+        if (config.trash.empty()) {
+            config.trash = config.home / "trash";
+        }
     }
     if (!config.clock) {
         config.clock = std::make_shared<Clock>();
@@ -52,6 +56,7 @@ Machine::Machine(MachineConfig config)
     wireFileContents(*this);
     wireProcesses(*this);
     wireRegistry(*this);
+    wireShell(*this);
 }
 
 Machine::~Machine() {

@@ -1,8 +1,8 @@
 // The machine that stands behind the platform's declarations.
 #pragma once
 
-#include "host/desktop/messageboxes.h"
 #include "host/desktop/messageloops.h"
+#include "host/dialogs/dialogs.h"
 #include "host/files/files.h"
 #include "host/machine/handles.h"
 #include "host/machine/machineconfig.h"
@@ -63,7 +63,7 @@ public:
     Files files;
     Registry registry;
     MessageLoops messageLoops;
-    MessageBoxes messageBoxes;
+    Dialogs dialogs;
 
     platform::Advapi32 advapi32;
     platform::Kernel32 kernel32;

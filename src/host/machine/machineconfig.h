@@ -38,6 +38,9 @@ struct MOX_API MachineConfig {
     std::uint32_t codePage = 1252;
     /// Drives beyond the standard ones: letter (upper case) to folder.
     std::map<char, std::filesystem::path> drives;
+    /// The folder of the trash, laid out as desktops do it: `files` and `info`. Empty: the trash of the user's desktop, but for a
+    /// machine with a temporary home, which has its own there.
+    std::filesystem::path trash;
     /// Null: the system's own.
     std::shared_ptr<Clock> clock;
 

@@ -119,7 +119,7 @@ void applyFacts(MachineConfig& config, const json& facts) {
     if (!facts.is_object()) {
         throw ControlError("facts: not an object");
     }
-    refuseUnknown(facts, "fact", {"home", "memory", "codepage", "drives", "windows", "product_info", "metrics"});
+    refuseUnknown(facts, "fact", {"home", "memory", "codepage", "drives", "trash", "windows", "product_info", "metrics"});
     MachineConfig changed = config;
     if (const auto fact = facts.find("home"); fact != facts.end()) {
         changed.home = folderFact(*fact, "home");
@@ -135,6 +135,9 @@ void applyFacts(MachineConfig& config, const json& facts) {
     }
     if (const auto fact = facts.find("drives"); fact != facts.end()) {
         changed.drives = drivesFact(*fact);
+    }
+    if (const auto fact = facts.find("trash"); fact != facts.end()) {
+        changed.trash = folderFact(*fact, "trash");
     }
     if (const auto fact = facts.find("windows"); fact != facts.end()) {
         changed.windows = windowsFact(*fact);

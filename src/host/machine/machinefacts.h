@@ -10,6 +10,7 @@ namespace mox::host {
 /// Changes a configuration by the facts of a JSON object, each of which may be left out:
 ///
 ///     {"home": "/folder", "memory": false, "codepage": 1252, "drives": {"D": "/folder"},
+///      "trash": "/folder",
 ///      "windows": [major, minor, build, platform, service_text, product_type, suite],
 ///      "product_info": 48, "metrics": {"87": 0}}
 ///

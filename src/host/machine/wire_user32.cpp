@@ -6,7 +6,7 @@ namespace mox::host {
 void wireUser32(Machine& machine) {
     platform::User32& user32 = machine.user32;
     user32.MessageBoxA = [&](auto owner, auto text, auto caption, auto style) {
-        return machine.messageBoxes.show(owner, text, caption, style);
+        return machine.dialogs.messageBox(owner, machine.codePage.toUtf8(text), machine.codePage.toUtf8(caption), style);
     };
     user32.GetSystemMetrics = [&](auto index) { return systemMetric(machine.config(), index); };
     // Timers of the thread alone: this machine has no windows that they could belong to.

@@ -1,0 +1,28 @@
+// SHGetFileInfoA.
+#pragma once
+
+#include "automation/objects/export.h"
+#include "host/files/files.h"
+
+#include "platform/shell32.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace mox::host {
+
+/// Fills the fields that the flags name. 1, or 0 if there is no such file; then nothing is changed.
+///
+/// The name of a drive's root is its label, or its kind where it has none, and the letter: `Local Disk (C:)`. The type of a file
+/// is what the shared MIME database calls it in the language of the user, by its name alone; `XYZ File` if that is not known
+/// there.
+std::uint32_t fileInfo(const Files& files, const CodePage& codePage, std::string_view file, platform::SHFILEINFOA& info,
+                       std::uint32_t flags);
+
+/// The label of the volume whose root a folder is, empty if there is none. `labels`: the folder that has a link named after each
+/// label to its device.
+MOX_API std::string volumeLabel(const std::filesystem::path& folder, const std::filesystem::path& labels = "/dev/disk/by-label");
+
+} // namespace mox::host

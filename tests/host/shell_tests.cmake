@@ -1,0 +1,9 @@
+set(HOST_SHELL_TESTS
+    dialogs_test.cpp
+    shell_copy_test.cpp
+    shell_delete_test.cpp
+    shell_failures_test.cpp
+    shell_fileinfo_test.cpp
+    shell_move_test.cpp
+    shell_questions_test.cpp
+)
