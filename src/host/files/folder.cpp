@@ -43,6 +43,11 @@ bool isReadableFolder(const std::string& path) noexcept {
     return faccessat(AT_FDCWD, joined(path, ".").c_str(), R_OK | X_OK, AT_EACCESS) == 0;
 }
 
+std::optional<std::vector<std::string>> namesIn(const std::string& folder) {
+    const std::shared_ptr<const FolderListing> listing = FolderListing::read(folder);
+    return listing ? std::optional(listing->names()) : std::nullopt;
+}
+
 std::string findOtherName(const FolderListing& listing, std::string_view name, const CodePage& codePage) {
     const std::string_view plain = withoutTrailingDots(name);
     std::string_view found = listing.find(name);

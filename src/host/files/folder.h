@@ -5,8 +5,10 @@
 #include "host/text/codepage.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mox::host {
 
@@ -31,6 +33,9 @@ bool isFolderOnDisk(const std::string& path) noexcept;
 
 /// True if a path leads to a folder, also by a link, in which the present user may list and reach files.
 bool isReadableFolder(const std::string& path) noexcept;
+
+/// The names in a folder but "." and ".."; nothing, with the reason in `errno`, if it cannot be read.
+std::optional<std::vector<std::string>> namesIn(const std::string& folder);
 
 /// The name on disk that a name in a path means if there is not the very same one: one that differs in case, else the one with
 /// that short name. Of several that differ in case only the first in the order of bytes counts. Dots and blanks at the end of the
