@@ -13,4 +13,5 @@ set(HOST_FILES_TESTS
     files_shortnames_test.cpp
     files_statements_test.cpp
     files_times_test.cpp
+    files_version_test.cpp
 )

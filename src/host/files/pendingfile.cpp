@@ -36,6 +36,25 @@ bool renameIfMissing(const std::string& from, const std::string& to) {
     return rename(from.c_str(), to.c_str()) == 0;
 }
 
+bool exchange(const std::string& one, const std::string& other) {
+    return renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0;
+}
+
+/// Puts a file in the place of another one. Some disks wait at a rename that replaces until all of the new file is written, which
+/// for a large one takes longer than the copying: so the two change places, and the old one is deleted.
+bool replaceFile(const std::string& from, const std::string& to) {
+    if (!exchange(from, to)) {
+        return std::rename(from.c_str(), to.c_str()) == 0;
+    }
+    if (unlink(from.c_str()) != 0) {
+        const int error = errno;
+        exchange(from, to); // by now it was a folder, or the system does not let the old one go
+        errno = error;
+        return false;
+    }
+    return true;
+}
+
 } // namespace
 
 PendingFile::PendingFile(const std::string& target, mode_t mode) : target_(target) {
@@ -59,8 +78,7 @@ PendingFile::~PendingFile() {
 }
 
 bool PendingFile::complete(bool replace) {
-    const bool done =
-        file_.close() && (replace ? std::rename(path_.c_str(), target_.c_str()) == 0 : renameWithoutReplacing(path_, target_));
+    const bool done = file_.close() && (replace ? replaceFile(path_, target_) : renameWithoutReplacing(path_, target_));
     if (done) {
         path_.clear();
     }
