@@ -9,11 +9,10 @@ MOX_EXPORT HRESULT DllCanUnloadNow() {
     return mox::server::serverModule().canUnloadNow();
 }
 
-// A server file is found by its path, so there is nothing to enter anywhere.
 MOX_EXPORT HRESULT DllRegisterServer() {
-    return E_NOTIMPL;
+    return mox::server::serverModule().registerServer();
 }
 
 MOX_EXPORT HRESULT DllUnregisterServer() {
-    return E_NOTIMPL;
+    return mox::server::serverModule().unregisterServer();
 }

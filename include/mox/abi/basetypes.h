@@ -138,6 +138,9 @@ inline constexpr HRESULT CO_E_ERRORINDLL = makeStatus(0x800401F9);
 inline constexpr HRESULT CONNECT_E_NOCONNECTION = makeStatus(0x80040200);
 inline constexpr HRESULT CONNECT_E_ADVISELIMIT = makeStatus(0x80040201);
 inline constexpr HRESULT CONNECT_E_CANNOTCONNECT = makeStatus(0x80040202);
+// Of a server's registration. Other operations have the same numbers.
+inline constexpr HRESULT SELFREG_E_TYPELIB = makeStatus(0x80040200);
+inline constexpr HRESULT SELFREG_E_CLASS = makeStatus(0x80040201);
 
 /// The status under which a run-time error number reaches a client.
 constexpr HRESULT statusOfRuntimeError(std::int32_t number) {

@@ -2,6 +2,7 @@
 
 #include "automation/objects/apartment.h"
 #include "automation/objects/module.h"
+#include "automation/objects/registration.h"
 
 #include <mox/values.h>
 
@@ -9,6 +10,7 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace mox::automation {
@@ -121,7 +123,18 @@ HRESULT Servers::getClassObject(REFCLSID id, REFIID iid, void** result) {
             answer = status;
         }
     }
-    return answer;
+    const HRESULT status = getRegisteredClassObject(id, iid, result);
+    return status == REGDB_E_CLASSNOTREG ? answer : status;
+}
+
+HRESULT Servers::getRegisteredClassObject(REFCLSID id, REFIID iid, void** result) {
+    const RegisteredServer registered(id);
+    if (FAILED(registered.status())) {
+        return registered.status();
+    }
+    HRESULT status = S_OK;
+    const std::shared_ptr<Server> server = load(registered.path(), status);
+    return server ? server->getClassObject(id, iid, result) : status;
 }
 
 HRESULT Servers::getTypeLib(const std::filesystem::path& path, ITypeLib** result) {
@@ -157,13 +170,28 @@ HRESULT classOfProgId(std::u16string_view progId, CLSID& id) {
     if (!found && Servers::ofProcess().loadAll()) {
         found = ServerModule::findProgId(progId);
     }
-    id = found ? found->id : GUID_NULL;
-    return found ? S_OK : CO_E_CLASSSTRING;
+    const std::optional<CLSID> result = found ? std::optional(found->id) : registeredClass(progId);
+    id = result.value_or(GUID_NULL);
+    return result ? S_OK : CO_E_CLASSSTRING;
 }
 
 } // namespace mox::automation
 
 using mox::automation::Servers;
+
+namespace {
+
+/// A text in task memory, for the caller to free.
+HRESULT giveText(const std::u16string& text, LPOLESTR* place) {
+    *place = static_cast<LPOLESTR>(CoTaskMemAlloc((text.size() + 1) * sizeof(OLECHAR)));
+    if (!*place) {
+        return E_OUTOFMEMORY;
+    }
+    std::copy_n(text.c_str(), text.size() + 1, *place);
+    return S_OK;
+}
+
+} // namespace
 
 HRESULT CoGetClassObject(REFCLSID rclsid, DWORD dwClsContext, PVOID, REFIID riid, PVOID* ppv) {
     if (!ppv) {
@@ -206,18 +234,11 @@ HRESULT ProgIDFromCLSID(REFCLSID clsid, LPOLESTR* lplpszProgID) {
     if (!found && Servers::ofProcess().loadAll()) {
         found = mox::ServerModule::findClass(clsid);
     }
-    if (!found || !found->creatable) {
-        return REGDB_E_CLASSNOTREG;
+    if (found && found->creatable) {
+        return giveText(std::u16string(found->library.name) + u"." + found->name, lplpszProgID);
     }
-    const std::u16string name = std::u16string(found->library.name) + u"." + found->name;
-    const std::size_t bytes = (name.size() + 1) * sizeof(OLECHAR);
-    auto* text = static_cast<LPOLESTR>(CoTaskMemAlloc(bytes));
-    if (!text) {
-        return E_OUTOFMEMORY;
-    }
-    std::copy_n(name.c_str(), name.size() + 1, text);
-    *lplpszProgID = text;
-    return S_OK;
+    const std::optional<std::u16string> registered = mox::automation::registeredProgId(clsid);
+    return registered ? giveText(*registered, lplpszProgID) : REGDB_E_CLASSNOTREG;
 }
 
 void CoFreeUnusedLibraries() {

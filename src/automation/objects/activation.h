@@ -14,7 +14,8 @@
 
 namespace mox::automation {
 
-/// The class identifier behind a ProgID, of a loaded file or of one that is loaded for it. `CO_E_CLASSSTRING` if there is none.
+/// The class identifier behind a ProgID, of a loaded file, of one that is loaded for it, or of one that is registered.
+/// `CO_E_CLASSSTRING` if there is none.
 HRESULT classOfProgId(std::u16string_view progId, CLSID& id);
 
 /// One loaded server file.
@@ -43,7 +44,8 @@ public:
     static Servers& ofProcess();
 
     /// The class object of `id` from the first server that has it. Servers are those of the environment variable MOX_SERVER
-    /// (files, separated by colons), else the library's own server beside this library.
+    /// (files, separated by colons), else the library's own server beside this library. If none of them has the class, the file
+    /// that is registered for it.
     HRESULT getClassObject(REFCLSID id, REFIID iid, void** result);
     /// The type library of a server file.
     HRESULT getTypeLib(const std::filesystem::path& path, ITypeLib** result);
@@ -53,6 +55,7 @@ public:
     void freeUnused();
 
 private:
+    HRESULT getRegisteredClassObject(REFCLSID id, REFIID iid, void** result);
     std::shared_ptr<Server> load(const std::filesystem::path& path, HRESULT& status);
 
     std::recursive_mutex guard_;

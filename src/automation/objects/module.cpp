@@ -1,6 +1,7 @@
 #include "automation/objects/module.h"
 
 #include "automation/objects/apartment.h"
+#include "automation/objects/registration.h"
 #include "automation/objects/runtimeerror.h"
 #include "automation/typelib/library.h"
 
@@ -108,6 +109,14 @@ HRESULT ServerModule::getClassObject(REFCLSID id, REFIID iid, void** result) con
 
 HRESULT ServerModule::canUnloadNow() const noexcept {
     return library_.state.locks.load(std::memory_order_acquire) == 0 ? S_OK : S_FALSE;
+}
+
+HRESULT ServerModule::registerServer() const noexcept {
+    return automation::registerModule(*this);
+}
+
+HRESULT ServerModule::unregisterServer() const noexcept {
+    return automation::unregisterModule(*this);
 }
 
 const ClassEntry* ServerModule::find(const typelib::ClassDescription& type) const noexcept {

@@ -36,6 +36,11 @@ public:
     HRESULT getClassObject(REFCLSID id, REFIID iid, void** result) const noexcept;
     /// `S_OK` if no object, no class factory, no type information and no lock of the file is left.
     HRESULT canUnloadNow() const noexcept;
+    /// Enters all creatable classes and the type library into the registry. `SELFREG_E_CLASS` or `SELFREG_E_TYPELIB` if that
+    /// fails; then nothing of it is left.
+    HRESULT registerServer() const noexcept;
+    /// Removes what `registerServer` enters; `S_OK` also if there is nothing of it.
+    HRESULT unregisterServer() const noexcept;
     /// A new object of any class of the table. Error 445 for a class that has no code yet.
     Ref<IDispatch> create(const typelib::ClassDescription& type) const;
 
