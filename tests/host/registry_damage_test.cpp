@@ -37,7 +37,7 @@ protected:
     void SetUp() override {
         std::filesystem::create_directories(home());
         start();
-        for (int i = 0; i < 300; ++i) {
+        for (int i = 0; i < 120; ++i) {
             ASSERT_EQ(setValue(user, "Settings\\" + std::to_string(i % 7), std::to_string(i), REG_SZ, std::string(50, 'x')),
                       ERROR_SUCCESS);
         }
@@ -80,7 +80,7 @@ protected:
         EXPECT_EQ(setValue(user, "Used", "v", REG_SZ, "text"), ERROR_SUCCESS);
         EXPECT_EQ(textOf(user, "Used", "v"), "text");
         HKEY key = 0;
-        for (int i = 0; i < 300; ++i) {
+        for (int i = 0; i < 120; ++i) {
             const std::string text = textOf(user, "Settings\\" + std::to_string(i % 7), std::to_string(i));
             EXPECT_LE(text.size(), 50u);
         }
@@ -149,7 +149,7 @@ TEST_F(RegistryDamageTest, noKeptFileIsOverwritten) {
 
 TEST_F(RegistryDamageTest, theFileCutAnywhere) {
     testing::internal::CaptureStderr();
-    for (std::size_t length = 0; length < content_.size(); length += length < 200 ? 20 : content_.size() / 40 + 13) {
+    for (std::size_t length = 0; length < content_.size(); length += length < 200 ? 20 : content_.size() / 25 + 13) {
         const std::string cut = content_.substr(0, length);
         putInPlace(cut);
         start();
@@ -167,7 +167,7 @@ TEST_F(RegistryDamageTest, theFileCutAnywhere) {
 TEST_F(RegistryDamageTest, bytesThatAreWrong) {
     testing::internal::CaptureStderr();
     std::uint32_t random = 1;
-    for (int round = 0; round < 60; ++round) {
+    for (int round = 0; round < 1500; ++round) {
         std::string wrong = content_;
         for (int i = 0; i < 1 + round % 8; ++i) {
             random = random * 1664525 + 1013904223;

@@ -22,9 +22,15 @@ struct Handler {
 };
 
 constexpr Handler handlers[] = {
-    {"machine", &controlMachine}, {"operation", &controlOperation}, {"operations", &controlOperations},
-    {"handles", &controlHandles}, {"doctor", &controlDoctor},       {"answer", &controlAnswer},
+    {"machine", &controlMachine},
+    {"operation", &controlOperation},
+    {"operations", &controlOperations},
+    {"handles", &controlHandles},
+    {"doctor", &controlDoctor},
+    {"answer", &controlAnswer},
     {"dialogs", &controlDialogs},
+    {"registry.get", &controlRegistryGet},
+    {"registry.set", &controlRegistrySet},
 };
 
 std::string run(std::string_view text) {

@@ -35,6 +35,8 @@ MOX_API nlohmann::json controlHandles(const nlohmann::json& request);
 MOX_API nlohmann::json controlDoctor(const nlohmann::json& request);
 MOX_API nlohmann::json controlAnswer(const nlohmann::json& request);
 MOX_API nlohmann::json controlDialogs(const nlohmann::json& request);
+MOX_API nlohmann::json controlRegistryGet(const nlohmann::json& request);
+MOX_API nlohmann::json controlRegistrySet(const nlohmann::json& request);
 
 } // namespace mox::host
 
@@ -53,6 +55,10 @@ MOX_API nlohmann::json controlDialogs(const nlohmann::json& request);
 /// - `{"do": "dialogs"}`: what was asked, oldest first, `{"dialogs": [{"kind": ..., "caption": ..., "text": ..., "answer":
 /// {...}},
 /// ...]}`.
+/// - `{"do": "registry.get", "root": "HKEY_CURRENT_USER", "key": path, "name": name}`: a value of the registry, `{"value":
+/// {"type": number, "data": two hexadecimal digits a byte}}`, or `{"value": null}` if there is none; the empty name is the key's
+/// default value. `E_FAIL` if the registry cannot be read.
+/// - `{"do": "registry.set", ..., "type": number, "data": ...}`: sets one, making its key. Reply: `{}`; `E_FAIL` if that fails.
 ///
 /// `E_INVALIDARG` with an error object that says what is wrong for anything else, `E_POINTER` without a place for the reply.
 MOX_EXPORT HRESULT MoxControl(BSTR request, BSTR* reply);

@@ -13,7 +13,8 @@ namespace mox::host {
 namespace {
 
 std::optional<std::string> textOf(Registry& registry, const std::string& section, std::string_view name) {
-    const std::optional<RegistryValue> value = registry.value(platform::HKEY_CURRENT_USER, section, name);
+    std::optional<RegistryValue> value;
+    registry.value(platform::HKEY_CURRENT_USER, section, name, value);
     if (!value || value->type != platform::REG_SZ) {
         return std::nullopt;
     }

@@ -234,14 +234,12 @@ std::int32_t Registry::deleteValue(HKEY handle, std::string_view name) {
     });
 }
 
-std::optional<RegistryValue> Registry::value(HKEY root, std::string_view path, std::string_view name) {
-    std::optional<RegistryValue> result;
-    perform(root, 0, false, [&](KeyView& view, const RegistryKey& key, KeyTree&) -> std::int32_t {
+std::int32_t Registry::value(HKEY root, std::string_view path, std::string_view name, std::optional<RegistryValue>& value) {
+    return perform(root, 0, false, [&](KeyView& view, const RegistryKey& key, KeyTree&) -> std::int32_t {
         const RegistryValue* const found = view.value(view.find(key, stored(path)), stored(name));
-        result = found ? std::optional(*found) : std::nullopt;
-        return ERROR_SUCCESS;
+        value = found ? std::optional(*found) : std::nullopt;
+        return found ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
     });
-    return result;
 }
 
 std::vector<std::string> Registry::valueNames(HKEY root, std::string_view path) {

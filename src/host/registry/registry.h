@@ -39,8 +39,8 @@ public:
     std::int32_t setValue(platform::HKEY key, std::string_view name, std::uint32_t type, std::string_view data);
     std::int32_t deleteValue(platform::HKEY key, std::string_view name);
 
-    /// A value of a key by its path; nothing if there is none or it cannot be read.
-    std::optional<RegistryValue> value(platform::HKEY root, std::string_view path, std::string_view name);
+    /// A value of a key by its path. `ERROR_FILE_NOT_FOUND` if there is no such key or value.
+    std::int32_t value(platform::HKEY root, std::string_view path, std::string_view name, std::optional<RegistryValue>& value);
     /// The names of the values of a key, in an order that stays; none if the key cannot be read.
     std::vector<std::string> valueNames(platform::HKEY root, std::string_view path);
 
