@@ -30,7 +30,9 @@ int compareWallTimes(const std::vector<Comparison>& comparisons) {
         std::vector<double> measured;
         std::vector<double> unit;
         for (int i = 0; i < turns; ++i) {
+            comparison.prepare();
             unit.push_back(secondsOf(comparison.unit));
+            comparison.prepare();
             measured.push_back(secondsOf(comparison.measured));
         }
         const double value = median(measured) / median(unit);

@@ -13,6 +13,8 @@ struct Comparison {
     std::function<void()> measured;
     std::function<void()> unit;
     double limit;
+    /// Done before each turn of either, and not measured.
+    std::function<void()> prepare = [] {};
 };
 
 /// Runs each pair in turns, several times, and prints the ratios of the medians. The answer is the exit code: 1 if a ratio is
