@@ -42,9 +42,9 @@ struct Runtime : SystemLibrary {
     Operation<std::int32_t(std::string_view file, FileAccess access, Handle& number)> OpenBinary{*this, "OpenBinary", 75};
     /// `LOF`: the length of an open file in bytes.
     Operation<std::int32_t(Handle number, std::int64_t& length)> LengthOfFile{*this, "LengthOfFile", 52};
-    /// `Get`: bytes from a position, counted from 0. 62 if the file has fewer.
+    /// `Get`: bytes from a position, counted from 0. 62 if the file has fewer, 54 if it is open for writing only.
     Operation<std::int32_t(Handle number, std::int64_t position, std::span<char> bytes)> GetBytes{*this, "GetBytes", 57};
-    /// `Put`: bytes at a position, counted from 0. 61 if the disk is full.
+    /// `Put`: bytes at a position, counted from 0. 61 if the disk is full, 54 if the file is open for reading only.
     Operation<std::int32_t(Handle number, std::int64_t position, std::span<const char> bytes)> PutBytes{*this, "PutBytes", 57};
     /// `Close`.
     Operation<std::int32_t(Handle number)> CloseFile{*this, "CloseFile", 52, givesBack};

@@ -90,11 +90,14 @@ TEST_F(VersionTest, staysInsideADamagedFile) {
     // Every byte once with all bits set and once with none: the answer may be anything, but is the same for size and block, and
     // every value lies in the block.
     const std::string whole = ProgramFile().bytes();
+    makeFile("damaged.exe", whole);
+    std::fstream file(disk() / "damaged.exe", std::ios::in | std::ios::out | std::ios::binary);
+    const auto put = [&](std::size_t position, char byte) {
+        ASSERT_TRUE(file.seekp(static_cast<std::streamoff>(position)).put(byte).flush());
+    };
     for (std::size_t i = 0; i < whole.size(); ++i) {
-        for (const char byte : {'\xFF', '\x00'}) {
-            std::string damaged = whole;
-            damaged[i] = byte;
-            makeFile("damaged.exe", damaged);
+        for (const char byte : {'\xFF', '\x00', whole[i]}) {
+            put(i, byte);
             const std::string bytes = block("D:\\damaged.exe");
             for (const char* path : {"\\", "\\VarFileInfo\\Translation", "\\StringFileInfo\\040904E4\\CompanyName"}) {
                 std::string_view found;
