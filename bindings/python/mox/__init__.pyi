@@ -91,7 +91,7 @@ def machine(
 ) -> None:
     """Says what the machine is made of, before the first object is created."""
 
-def answer(kind: str, **reply: Any) -> None:
+def answer(kind: str, /, **reply: Any) -> None:
     """Answers the next dialog of a kind ahead: ``answer("confirm", yes=True)``, ``answer("message_box", button=6)``."""
 
 def dialogs() -> list[dict[str, Any]]:

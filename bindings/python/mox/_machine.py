@@ -97,7 +97,7 @@ def handles():
     return _control("handles")["handles"]
 
 
-def answer(kind, **reply):
+def answer(kind, /, **reply):
     """Answers the next dialog of a kind ahead, before anybody is asked. Answers of a kind are used in their order.
 
     ``answer("confirm", yes=True)``: a question of yes or no. ``answer("message_box", button=6)``: the identifier of the button;

@@ -89,7 +89,7 @@ bool copyContents(int from, int to) {
     ssize_t copied = 0;
     do {
         copied = copy_file_range(from, nullptr, to, nullptr, most, 0);
-    } while (copied > 0);
+    } while (copied > 0 || (copied < 0 && errno == EINTR));
     const bool isUnable = copied < 0 && (errno == EXDEV || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP);
     // Files that the system makes up as they are read have no length to copy by.
     return (copied == 0 || isUnable) && copyByReading(from, to);
@@ -129,9 +129,9 @@ bool copyFile(const std::string& from, const std::string& to, bool replace) {
         return false;
     }
     TemporaryEntry temporary(to);
-    const FileDescriptor target(temporary.makeFile());
+    FileDescriptor target(temporary.makeFile());
     return target && copyContents(source.get(), target.get()) && copyFacts(source.get(), facts, target.get()) &&
-           temporary.takePlace(to, replace);
+           target.finish() && temporary.takePlace(to, replace);
 }
 
 bool copyLink(const std::string& from, const std::string& to, bool replace) {

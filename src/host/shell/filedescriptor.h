@@ -24,6 +24,8 @@ public:
 
     explicit operator bool() const noexcept { return descriptor_ >= 0; }
     int get() const noexcept { return descriptor_; }
+    /// Closes it. False if what was written before did not all reach the disk.
+    bool finish() noexcept { return close(release()) == 0; }
     int release() noexcept { return std::exchange(descriptor_, -1); }
 
 private:

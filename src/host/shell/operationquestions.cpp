@@ -13,6 +13,10 @@ std::string quoted(const std::string& path) {
     return "\"" + nameOf(path) + "\"";
 }
 
+std::string areYouSure(const std::string& verb, const std::string& what) {
+    return "Are you sure you want to " + verb + " " + what + "?";
+}
+
 } // namespace
 
 bool OperationQuestions::areAsked() const noexcept {
@@ -26,20 +30,17 @@ void OperationQuestions::beforeDeletion(const std::vector<OperationSource>& sour
     const char* const caption = !isOne                  ? "Confirm Multiple File Delete"
                                 : isFolderOnDisk(first) ? "Confirm Folder Delete"
                                                         : "Confirm File Delete";
-    ask(caption,
-        toTrash ? "Are you sure you want to move " + what + " to the trash?" : "Are you sure you want to delete " + what + "?",
-        first);
+    ask(caption, toTrash ? areYouSure("move", what + " to the trash") : areYouSure("delete", what), first);
 }
 
 void OperationQuestions::beforeDeletionOfProtected(const std::string& path) const {
     if (const char* const protection = areAsked() ? protectionOf(path) : nullptr) {
-        ask("Confirm File Delete", quoted(path) + " is a " + protection + " file. Are you sure you want to delete it?", path);
+        ask("Confirm File Delete", quoted(path) + " is a " + protection + " file. " + areYouSure("delete", "it"), path);
     }
 }
 
 void OperationQuestions::beforeDeletionForGood(const std::string& path) const {
-    ask("Confirm File Delete", "The trash does not take " + quoted(path) + ". Are you sure you want to delete it for good?",
-        path);
+    ask("Confirm File Delete", "The trash does not take " + quoted(path) + ". " + areYouSure("delete", "it for good"), path);
 }
 
 void OperationQuestions::beforeReplacing(const std::string& target) const {
@@ -49,8 +50,7 @@ void OperationQuestions::beforeReplacing(const std::string& target) const {
 
 void OperationQuestions::beforeReplacingInMerge(const std::string& target) const {
     if (const char* const protection = areAsked() ? protectionOf(target) : nullptr) {
-        ask("Confirm File Replace", quoted(target) + " is a " + protection + " file. Are you sure you want to replace it?",
-            target);
+        ask("Confirm File Replace", quoted(target) + " is a " + protection + " file. " + areYouSure("replace", "it"), target);
     }
 }
 
