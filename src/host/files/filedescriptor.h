@@ -21,6 +21,8 @@ public:
 
     explicit operator bool() const noexcept { return number_ >= 0; }
     int number() const noexcept { return number_; }
+    /// Gives it up unclosed.
+    int release() noexcept { return std::exchange(number_, -1); }
     /// False if the system only now finds that something was not written.
     bool close() noexcept { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
 

@@ -1,7 +1,9 @@
 #include "host/shell/entrycopy.h"
 
+#include "host/files/filecontents.h"
+#include "host/files/filedescriptor.h"
 #include "host/files/folder.h"
-#include "host/shell/filedescriptor.h"
+#include "host/files/pendingfile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -21,78 +23,17 @@ namespace {
 
 constexpr mode_t permissionBits = 0777;
 
-/// A name beside the target that is removed again unless the entry takes its place.
-class TemporaryEntry {
-public:
-    explicit TemporaryEntry(const std::string& target) : path_(joined(parentOf(target), ".mox-XXXXXX")) {}
-    ~TemporaryEntry() {
-        if (made_) {
-            const int error = errno;
-            unlink(path_.c_str());
-            errno = error;
+/// A link beside the target, under a hidden name; empty if it cannot be made.
+std::string makeHiddenLink(const std::string& destination, const std::string& target) {
+    for (unsigned number = 0;; ++number) {
+        std::string path = joined(parentOf(target), ".mox-link-" + std::to_string(getpid()) + "-" + std::to_string(number));
+        if (symlink(destination.c_str(), path.c_str()) == 0) {
+            return path;
+        }
+        if (errno != EEXIST) {
+            return {};
         }
     }
-    TemporaryEntry(const TemporaryEntry&) = delete;
-    TemporaryEntry& operator=(const TemporaryEntry&) = delete;
-
-    int makeFile() {
-        const int descriptor = mkostemp(path_.data(), O_CLOEXEC);
-        made_ = descriptor >= 0;
-        return descriptor;
-    }
-    bool makeLink(const std::string& destination) {
-        // Only the name is wanted: a link cannot be made over a file.
-        const FileDescriptor file(makeFile());
-        made_ = file && unlink(path_.c_str()) == 0 && symlink(destination.c_str(), path_.c_str()) == 0;
-        return made_;
-    }
-    bool takePlace(const std::string& target, bool replace) {
-        const bool done = renameEntry(path_, target, replace);
-        made_ = !done;
-        return done;
-    }
-    const std::string& path() const noexcept { return path_; }
-
-private:
-    std::string path_;
-    bool made_ = false;
-};
-
-bool writeAll(int to, const char* data, std::size_t length) {
-    while (length > 0) {
-        const ssize_t written = write(to, data, length);
-        if (written < 0 && errno != EINTR) {
-            return false;
-        }
-        data += written > 0 ? written : 0;
-        length -= written > 0 ? static_cast<std::size_t>(written) : 0;
-    }
-    return true;
-}
-
-/// From the present positions to the end.
-bool copyByReading(int from, int to) {
-    std::vector<char> buffer(1U << 18);
-    for (;;) {
-        const ssize_t length = read(from, buffer.data(), buffer.size());
-        if (length == 0) {
-            return true;
-        }
-        if (length < 0 ? errno != EINTR : !writeAll(to, buffer.data(), static_cast<std::size_t>(length))) {
-            return false;
-        }
-    }
-}
-
-bool copyContents(int from, int to) {
-    constexpr std::size_t most = 1U << 30;
-    ssize_t copied = 0;
-    do {
-        copied = copy_file_range(from, nullptr, to, nullptr, most, 0);
-    } while (copied > 0 || (copied < 0 && errno == EINTR));
-    const bool isUnable = copied < 0 && (errno == EXDEV || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP);
-    // Files that the system makes up as they are read have no length to copy by.
-    return (copied == 0 || isUnable) && copyByReading(from, to);
 }
 
 void copyAttributes(int from, int to) {
@@ -125,13 +66,12 @@ bool copyFacts(int from, const struct stat& facts, int to) {
 bool copyFile(const std::string& from, const std::string& to, bool replace) {
     const FileDescriptor source(open(from.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat facts {};
-    if (!source || fstat(source.get(), &facts) != 0) {
+    if (!source || fstat(source.number(), &facts) != 0) {
         return false;
     }
-    TemporaryEntry temporary(to);
-    FileDescriptor target(temporary.makeFile());
-    return target && copyContents(source.get(), target.get()) && copyFacts(source.get(), facts, target.get()) &&
-           target.finish() && temporary.takePlace(to, replace);
+    PendingFile target(to, 0600);
+    return target && copyContents(source.number(), target.number()) && copyFacts(source.number(), facts, target.number()) &&
+           target.complete(replace);
 }
 
 bool copyLink(const std::string& from, const std::string& to, bool replace) {
@@ -145,38 +85,30 @@ bool copyLink(const std::string& from, const std::string& to, bool replace) {
         return false;
     }
     destination.resize(static_cast<std::size_t>(length));
-    TemporaryEntry temporary(to);
-    if (!temporary.makeLink(destination)) {
+    const std::string made = makeHiddenLink(destination, to);
+    if (made.empty()) {
         return false;
     }
     const std::array<timespec, 2> times{facts.st_atim, facts.st_mtim};
-    utimensat(AT_FDCWD, temporary.path().c_str(), times.data(), AT_SYMLINK_NOFOLLOW);
-    return temporary.takePlace(to, replace);
+    utimensat(AT_FDCWD, made.c_str(), times.data(), AT_SYMLINK_NOFOLLOW);
+    const bool done = renameEntry(made, to, replace);
+    if (!done) {
+        const int error = errno;
+        unlink(made.c_str());
+        errno = error;
+    }
+    return done;
 }
 
 bool copyFolderFacts(const std::string& from, const std::string& to) {
     const FileDescriptor source(open(from.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const FileDescriptor target(open(to.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat facts {};
-    return source && target && fstat(source.get(), &facts) == 0 && copyFacts(source.get(), facts, target.get());
+    return source && target && fstat(source.number(), &facts) == 0 && copyFacts(source.number(), facts, target.number());
 }
 
 bool renameEntry(const std::string& from, const std::string& to, bool replace) {
-    if (replace) {
-        return rename(from.c_str(), to.c_str()) == 0;
-    }
-    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
-        return true;
-    }
-    if (errno != EINVAL && errno != ENOSYS) {
-        return false;
-    }
-    // The disk cannot do it in one step.
-    if (existsOnDisk(to)) {
-        errno = EEXIST;
-        return false;
-    }
-    return rename(from.c_str(), to.c_str()) == 0;
+    return replace ? rename(from.c_str(), to.c_str()) == 0 : renameWithoutReplacing(from, to);
 }
 
 } // namespace mox::host

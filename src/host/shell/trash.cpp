@@ -1,8 +1,8 @@
 #include "host/shell/trash.h"
 
+#include "host/files/filedescriptor.h"
 #include "host/files/folder.h"
 #include "host/shell/entrycopy.h"
-#include "host/shell/filedescriptor.h"
 #include "host/shell/gio.h"
 
 #include <gio/gio.h>
@@ -45,7 +45,7 @@ std::optional<std::string> takeName(const std::filesystem::path& info, const std
         const FileDescriptor made(open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
         if (made) {
             const std::string text = describe(path);
-            if (write(made.get(), text.data(), text.size()) == static_cast<ssize_t>(text.size())) {
+            if (write(made.number(), text.data(), text.size()) == static_cast<ssize_t>(text.size())) {
                 return candidate;
             }
             unlink(file.c_str());

@@ -1,7 +1,7 @@
 #include "host/shell/treedeletion.h"
 
+#include "host/files/filedescriptor.h"
 #include "host/files/folder.h"
-#include "host/shell/filedescriptor.h"
 #include "host/shell/operationend.h"
 
 #include <dirent.h>
@@ -45,21 +45,21 @@ private:
     void empty(int parent, const std::string& name, const std::string& path) const {
         const FileDescriptor folder(openat(parent, name.c_str(), folderFlags));
         struct stat facts {};
-        if (!folder || fstat(folder.get(), &facts) != 0) {
+        if (!folder || fstat(folder.number(), &facts) != 0) {
             endWithErrno(path);
         }
         if (facts.st_dev != disk_) {
             errno = EBUSY;
             endWithErrno(path);
         }
-        for (const std::string& child : names(folder.get(), path)) {
-            remove(folder.get(), child, joined(path, child));
+        for (const std::string& child : names(folder.number(), path)) {
+            remove(folder.number(), child, joined(path, child));
         }
     }
 
     static std::vector<std::string> names(int folder, const std::string& path) {
         FileDescriptor copy(fcntl(folder, F_DUPFD_CLOEXEC, 0));
-        const std::unique_ptr<DIR, CloseFolder> stream(copy ? fdopendir(copy.get()) : nullptr);
+        const std::unique_ptr<DIR, CloseFolder> stream(copy ? fdopendir(copy.number()) : nullptr);
         if (!stream) {
             endWithErrno(path);
         }
@@ -83,10 +83,10 @@ private:
 void deleteTree(const std::string& path, const TreeStep& before) {
     const FileDescriptor parent(open(parentOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_PATH));
     struct stat facts {};
-    if (!parent || fstat(parent.get(), &facts) != 0) {
+    if (!parent || fstat(parent.number(), &facts) != 0) {
         endWithErrno(path);
     }
-    TreeDeletion(facts.st_dev, before).remove(parent.get(), nameOf(path), path);
+    TreeDeletion(facts.st_dev, before).remove(parent.number(), nameOf(path), path);
 }
 
 } // namespace mox::host
