@@ -29,6 +29,16 @@ Database& prepared(Database& database) {
     return database;
 }
 
+/// Looks through the whole file, some milliseconds for ten thousand values: damage in the order of the entries would otherwise
+/// hide them without a word.
+void examine(Database& database) {
+    Statement check(database, "PRAGMA integrity_check(1)");
+    Query query(check);
+    if (query.next() && query.bytes(0) != "ok") {
+        throw StorageError(std::string(query.bytes(0)), platform::ERROR_BADDB, true);
+    }
+}
+
 bool isEmpty(const std::filesystem::path& file) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(file, error);
@@ -51,6 +61,7 @@ RegistryStore::~RegistryStore() = default;
 std::unique_ptr<RegistryStore::Opened> RegistryStore::openFile() {
     const bool isNew = isEmpty(file_);
     auto opened = std::make_unique<Opened>(file_);
+    examine(opened->database);
     try {
         FactRecord(opened->database, opened->tree, user_).update(facts_());
     } catch (const StorageError& error) {

@@ -1,0 +1,13 @@
+"""The registry of the machine, as its other programs see it."""
+from . import enums
+from ._machine import _control
+
+_ROOTS = {
+    enums.REG_ROOTKEY.HKEY_CLASSES_ROOT: "HKEY_CLASSES_ROOT",
+    enums.REG_ROOTKEY.HKEY_CURRENT_USER: "HKEY_CURRENT_USER",
+    enums.REG_ROOTKEY.HKEY_LOCAL_MACHINE: "HKEY_LOCAL_MACHINE",
+    enums.REG_ROOTKEY.HKEY_USERS: "HKEY_USERS",
+    enums.REG_ROOTKEY.HKEY_PERFORMANCE_DATA: "HKEY_PERFORMANCE_DATA",
+    enums.REG_ROOTKEY.HKEY_CURRENT_CONFIG: "HKEY_CURRENT_CONFIG",
+    enums.REG_ROOTKEY.HKEY_DYN_DATA: "HKEY_DYN_DATA",
+}
