@@ -51,9 +51,9 @@ with ``hresult`` 0x8001010E.
     2
     >>> connection.disconnect()
 
-For tests there are ``mox.machine(memory=True)``, ``mox.operations`` and ``mox.handles()``; ``mox.answer("confirm", yes=True)``
-answers the next question ahead, and ``mox.dialogs()`` lists what was asked. ``python3 -m mox`` browses the library
-and evaluates expressions; with ``MOX_TRACE=dispatch`` in the environment every call is printed.
+For tests there are ``mox.machine(memory=True)``, ``mox.operations``, ``mox.registry`` and ``mox.handles()``;
+``mox.answer("confirm", yes=True)`` answers the next question ahead, and ``mox.dialogs()`` lists what was asked. ``python3 -m mox``
+browses the library and evaluates expressions; with ``MOX_TRACE=dispatch`` in the environment every call is printed.
 
 The libraries are looked for in the folders of ``MOX_LIBRARY_PATH``, in ``build/lib`` of the checkout that this package lies in,
 on the system's library path and beside the package.
@@ -64,6 +64,7 @@ from ._events import Connection, connect
 from ._machine import answer, dialogs, doctor, handles, machine, operations, pump
 from ._objects import Object, create
 from ._records import Record
+from ._registry import registry
 from ._values import Array, ByRef, ByteArray, Date
 
 __version__ = "8.10.0"
@@ -87,6 +88,7 @@ __all__ = [
     "machine",
     "operations",
     "pump",
+    "registry",
 ]
 
 for _public in (

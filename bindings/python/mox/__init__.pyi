@@ -73,6 +73,23 @@ class Operation:
     def fail(self, times: int | None = None) -> None: ...
     def restore(self) -> None: ...
 
+class Registry:
+    """Reads and sets values of the machine's registry past the library."""
+    NONE: int
+    SZ: int
+    EXPAND_SZ: int
+    BINARY: int
+    DWORD: int
+    DWORD_BIG_ENDIAN: int
+    LINK: int
+    MULTI_SZ: int
+    QWORD: int
+    def get(self, root: int | str, key: str, name: str) -> tuple[int, bytes] | None:
+        """A value as ``(type, bytes)``, None if there is no such key or value."""
+    def set(self, root: int | str, key: str, name: str, type: int, data: bytes) -> None:
+        """Sets a value and makes its key."""
+
+registry: Registry
 operations: Mapping[str, Operation]
 
 def connect(object: Object, handler: Mapping[str, Callable[..., Any]] | object) -> Connection:
