@@ -128,7 +128,7 @@ BENCHMARK(getSetting);
 
 void plainUpsert(benchmark::State& state) {
     PlainTable& table = plain();
-    int i = 0;
+    static int i = 0; // every text is new: one that is there already is not written
     for (auto _ : state) {
         if (!table.save(nameOf(i % settingCount), "text number " + std::to_string(i))) {
             state.SkipWithError("a setting is not saved");
@@ -140,7 +140,7 @@ BENCHMARK(plainUpsert);
 
 void saveSetting(benchmark::State& state) {
     platform::Advapi32& advapi = advapi32();
-    int i = 0;
+    static int i = 0;
     for (auto _ : state) {
         HKEY key = 0;
         advapi.RegCreateKeyA(platform::HKEY_CURRENT_USER, path, key);

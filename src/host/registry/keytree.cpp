@@ -81,7 +81,8 @@ void KeyTree::refresh() {
 
 template <class Keep> void KeyTree::follow(Keep keep) {
     const DatabaseStamp now = database_.stamp();
-    if (now.isKnown() && now.follows(stamp_)) {
+    // A value that was set to what it is changes nothing.
+    if (now.isKnown() && (now == stamp_ || now.follows(stamp_))) {
         keep();
     } else {
         forget();
