@@ -8,17 +8,14 @@ namespace mox::bench {
 
 namespace {
 
-/// Collects the processor time of one iteration of each repetition: other programs on the machine disturb it least. Benchmarks
-/// that take their time themselves, because other processes work for them, count by that.
+/// Collects the processor time of one iteration of each repetition: other programs on the machine disturb it least.
 class Collector : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context&) override { return true; }
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
             if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
-                const bool isManual = run.run_name.time_type == "manual_time";
-                const double time = isManual ? run.real_accumulated_time : run.cpu_accumulated_time;
-                times_[run.run_name.function_name].push_back(time / static_cast<double>(run.iterations));
+                times_[run.run_name.function_name].push_back(run.cpu_accumulated_time / static_cast<double>(run.iterations));
             }
         }
     }
