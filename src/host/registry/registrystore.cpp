@@ -112,7 +112,7 @@ bool RegistryStore::closeIfMoved() {
 void RegistryStore::putAside(const std::string& reason) {
     const std::filesystem::path kept = keepDamagedFile(file_);
     std::cerr << "mox: the registry " << file_.string() << " is damaged (" << reason << "); it is kept as "
-              << kept.filename().string() << ", a new one begins\n";
+              << kept.filename().string() << ", and the registry begins anew\n";
     Opened fresh(file_);
     Statement note(fresh.database, "INSERT INTO damages(kept, reason) VALUES (?1, ?2)");
     Query(note, std::string_view(kept.filename().native()), std::string_view(reason)).finish();
