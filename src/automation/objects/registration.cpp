@@ -9,6 +9,7 @@
 #include <mox/values.h>
 
 #include <algorithm>
+#include <iterator>
 #include <ranges>
 #include <vector>
 
@@ -39,10 +40,18 @@ std::optional<ServerPlace> placeOf(const ServerModule& module) {
     if (folder.ends_with('\\')) {
         folder.pop_back();
     }
-    ServerPlace place{folder, folder + "\\" + ansiFrom(utf16FromUtf8(fileOf(address).filename().string()))};
+    const std::string name = ansiFrom(utf16FromUtf8(fileOf(address).filename().string()));
+    ServerPlace place{folder, folder + "\\" + name};
     // A name that the code page does not hold would lead to another file, or to none.
-    const bool isThere = !folder.empty() && kernel32().GetFileAttributesA(place.file) != INVALID_FILE_ATTRIBUTES;
+    const bool isThere = !folder.empty() && !name.empty() && kernel32().GetFileAttributesA(place.file) != INVALID_FILE_ATTRIBUTES;
     return isThere ? std::optional(std::move(place)) : std::nullopt;
+}
+
+/// Names and help texts of a library are plain ASCII.
+std::string plain(std::u16string_view text) {
+    std::string bytes;
+    std::ranges::transform(text, std::back_inserter(bytes), [](char16_t c) { return c < 0x80 ? static_cast<char>(c) : '?'; });
+    return bytes;
 }
 
 std::string versionOf(const typelib::LibraryDescription& library) {
@@ -52,8 +61,8 @@ std::string versionOf(const typelib::LibraryDescription& library) {
 void addClass(std::vector<ClassesEntry>& entries, const typelib::ClassDescription& type, const ServerPlace& place) {
     const std::string id = ansiFrom(type.id);
     const std::string key = "CLSID\\" + id;
-    const std::string progId = ansiFrom(std::u16string(type.library.name) + u"." + type.name);
-    const std::string help = ansiFrom(type.help);
+    const std::string progId = plain(std::u16string(type.library.name) + u"." + type.name);
+    const std::string help = plain(type.help);
     entries.push_back({key, {{"", help}}});
     entries.push_back({key + "\\InprocServer32", {{"", place.file}, {"ThreadingModel", "Apartment"}}});
     entries.push_back({key + "\\ProgID", {{"", progId}}});
@@ -79,7 +88,7 @@ std::vector<ClassesEntry> libraryEntries(const ServerModule& module, const Serve
     const std::string version = key + "\\" + versionOf(library);
     return {
         {key, {}},
-        {version, {{"", ansiFrom(library.help)}}},
+        {version, {{"", plain(library.help)}}},
         {version + "\\0", {}},
         {version + "\\0\\win32", {{"", place.file}}},
         {version + "\\FLAGS", {{"", "0"}}},
