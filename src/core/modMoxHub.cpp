@@ -5,6 +5,7 @@
 #include "automation/objects/objectnumbers.h"
 #include "core/ansi.h"
 #include "core/statement.h"
+#include "core/trim.h"
 
 #include "platform/kernel32.h"
 #include "platform/runtime.h"
@@ -30,11 +31,6 @@ bool isFound(std::u16string_view pattern) {
     }
     kernel32().FindClose(search);
     return true;
-}
-
-std::u16string_view trimmed(std::u16string_view text) {
-    const std::size_t start = std::min(text.find_first_not_of(u' '), text.size());
-    return text.substr(start, text.find_last_not_of(u' ') + 1 - start);
 }
 
 bool isLetter(char16_t c) {

@@ -4,11 +4,6 @@
 
 namespace mox::server {
 
-std::u16string_view trimmed(std::u16string_view text) {
-    const std::size_t start = std::min(text.find_first_not_of(u' '), text.size());
-    return text.substr(start, text.find_last_not_of(u' ') + 1 - start);
-}
-
 std::u16string withBackslash(std::u16string_view path) {
     std::u16string result(path);
     if (!result.empty() && !result.ends_with(u'\\')) {

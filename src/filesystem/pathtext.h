@@ -1,15 +1,12 @@
 // Paths as texts.
 #pragma once
 
-#include <mox/values.h>
+#include "core/trim.h"
 
 #include <string>
 #include <string_view>
 
 namespace mox::server {
-
-/// Without the blanks on both sides.
-std::u16string_view trimmed(std::u16string_view text);
 
 /// With a backslash at the end; an empty text stays empty.
 std::u16string withBackslash(std::u16string_view path);

@@ -1,5 +1,7 @@
 #include "system/settingskey.h"
 
+#include "core/trim.h"
+
 #include <string>
 #include <string_view>
 
@@ -7,12 +9,9 @@ namespace mox::server {
 
 namespace {
 
+/// Without blanks, and one backslash, on both sides.
 std::u16string_view bare(std::u16string_view text) {
-    const std::size_t begin = text.find_first_not_of(u' ');
-    if (begin == text.npos) {
-        return {};
-    }
-    text = text.substr(begin, text.find_last_not_of(u' ') - begin + 1);
+    text = trimmed(text);
     if (text.starts_with(u'\\')) {
         text.remove_prefix(1);
     }

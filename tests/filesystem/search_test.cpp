@@ -156,18 +156,16 @@ TEST_F(TreeTest, AWalkEndsWhereALinkLeadsBack) {
     EXPECT_EQ(fs.FindFile(u"nowhere.txt", u"D:\\tree", True), u"");
 }
 
-TEST_F(TreeTest, FilesThatVanishMeanwhileAreLeftOut) {
-    // A folder loses its file as soon as the first entry is told.
+TEST_F(TreeTest, FilesThatVanishMeanwhileDoNotEndTheWalk) {
+    // A folder and its files are gone as soon as the folder in front of it is read.
     const auto next = machine->kernel32.FindNextFileA.replace([&](Handle search, WIN32_FIND_DATAA& found) {
-        if (found.cFileName == "..") {
-            std::filesystem::remove(on("tree/b/one.txt"));
-        }
+        std::filesystem::remove_all(on("tree/a"));
         const auto opened = machine->handles.get<host::FileSearch>(search);
         return opened && opened->next(found);
     });
     const std::string text = textOf(fs.GetFolderAndFiles(u"D:\\tree", True));
-    EXPECT_NE(text.find("+ D:\\tree\\b\\\n"), std::string::npos);
-    EXPECT_TRUE(text.ends_with("+ D:\\tree\\b\\\n")) << text;
+    EXPECT_NE(text.find("+ D:\\tree\\a\\\n1 + D:\\tree\\b\\\n"), std::string::npos) << text;
+    EXPECT_TRUE(text.ends_with("+ D:\\tree\\b\\\n1   one.txt [txt]\n")) << text;
 }
 
 TEST(FileSystemFaultsTest, SearchAndListing) {

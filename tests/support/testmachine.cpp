@@ -9,6 +9,7 @@ namespace mox::test {
 TestMachine::TestMachine(host::MachineConfig config) : folder_(testing::TempDir(), "mox-test-") {
     if (config.home.empty()) {
         config.home = folder_.path() / "home";
+        config.isDurable = false;
     }
     if (config.trash.empty()) {
         config.trash = folder_.path() / "trash";

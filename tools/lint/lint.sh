@@ -28,7 +28,7 @@ raw=$(git grep -nwE 'HRESULT|VARIANT|BSTR|SAFEARRAY' -- $server | grep -vE 'src/
 $raw"
 
 # No owning raw pointers.
-naked=$(git grep -nE '(^|[^_[:alnum:]])(new [A-Za-z_:]|delete( |\[))' -- 'src/*.cpp' 'src/*.h' 'include/*.h' 'tools/*.cpp' 'tools/*.h' | grep -vE ':[0-9]+: *//|= delete|///|// ')
+naked=$(git grep -nE '(^|[^_[:alnum:]])(new [A-Za-z_:]|delete( |\[))' -- 'src/*.cpp' 'src/*.h' 'include/*.h' 'tools/*.cpp' 'tools/*.h' | grep -vE ':[0-9]+: *//|= delete|///|// |"[^"]*(new|delete) ')
 [ -z "$naked" ] || complain "new or delete outside a placement:
 $naked"
 

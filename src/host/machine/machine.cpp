@@ -26,6 +26,7 @@ bool isMade = false;
 MachineConfig completed(MachineConfig config, const std::optional<TemporaryFolder>& temporaryHome) {
     if (temporaryHome) {
         config.home = temporaryHome->path();
+        config.isDurable = false;
         if (config.trash.empty()) {
             config.trash = config.home / "trash";
         }
@@ -46,7 +47,9 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
 Machine::Machine(MachineConfig config)
     : temporaryHome_(config.home.empty() ? std::optional<TemporaryFolder>(std::in_place, "mox-") : std::nullopt),
       config_(completed(std::move(config), temporaryHome_)), codePage(config_.codePage), files(config_, codePage),
-      registry(registryFacts(*this), config_.home / "registry.sqlite", codePage, handles), messageLoops(config_.clock) {
+      registry(registryFacts(*this), config_.home / "registry.sqlite",
+               config_.isDurable ? Durability::system : Durability::process, codePage, handles),
+      messageLoops(config_.clock) {
     wireKernel32(*this);
     wirePsapi(*this);
     wireRuntime(*this);

@@ -43,6 +43,9 @@ struct MOX_API MachineConfig {
     std::filesystem::path trash;
     /// Null: the system's own.
     std::shared_ptr<Clock> clock;
+    /// True: what the machine has stored when an operation answers survives a loss of power. False: it survives the end of the
+    /// process only, which is much faster; always so for a machine without a home.
+    bool isDurable = true;
 
     /// The home is MOX_HOME, else $XDG_DATA_HOME/mox, else .local/share/mox in the user's home folder, all the rest as above.
     static MachineConfig fromEnvironment();

@@ -99,7 +99,7 @@ void Database::Close::operator()(sqlite3* connection) const noexcept {
     sqlite3_close_v2(connection);
 }
 
-Database::Database(const std::filesystem::path& file) {
+Database::Database(const std::filesystem::path& file, Durability durability) {
     sqlite3* connection = nullptr;
     // Our own lock guards the connection.
     constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
@@ -111,9 +111,10 @@ Database::Database(const std::filesystem::path& file) {
     // The file may hold anything: nothing that its tables define is run unasked.
     sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-    // With a log, what a transaction wrote survives the end of the process by any means once it is committed; `FULL` waits for
-    // the disk as well, so that it survives the end of the system too.
-    run("PRAGMA mmap_size=0; PRAGMA cell_size_check=ON; PRAGMA synchronous=FULL;");
+    run("PRAGMA mmap_size=0; PRAGMA cell_size_check=ON;");
+    // With a log, what a transaction wrote survives the end of the process once it is committed; `FULL` waits for the disk as
+    // well.
+    run(durability == Durability::system ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=OFF");
     Statement useLog(*this, "PRAGMA journal_mode=WAL");
     Query mode(useLog);
     hasLog_ = mode.next() && mode.bytes(0) == "wal"; // not on every file system

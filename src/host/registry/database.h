@@ -33,6 +33,10 @@ private:
     bool isDamage_;
 };
 
+/// What a committed change outlives: the end of the process by any means, or that of the system as well, which takes the time of
+/// the disk.
+enum class Durability { process, system };
+
 /// Bytes that are stored as they are.
 struct Bytes {
     std::string_view data;
@@ -52,7 +56,7 @@ struct DatabaseStamp {
 class Database {
 public:
     /// Opens the file or makes an empty one.
-    explicit Database(const std::filesystem::path& file);
+    Database(const std::filesystem::path& file, Durability durability);
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;

@@ -57,8 +57,9 @@ bool isPlain(std::string_view text) {
 
 } // namespace
 
-Registry::Registry(RegistryStore::Facts facts, std::filesystem::path file, const CodePage& codePage, Handles& handles)
-    : codePage_(codePage), handles_(handles), store_(std::move(file), branchOfUser(), std::move(facts)) {
+Registry::Registry(RegistryStore::Facts facts, std::filesystem::path file, Durability durability, const CodePage& codePage,
+                   Handles& handles)
+    : codePage_(codePage), handles_(handles), store_(std::move(file), durability, branchOfUser(), std::move(facts)) {
     auto number = static_cast<std::uint32_t>(HKEY_CLASSES_ROOT);
     for (Key& key : predefined_) {
         key = std::make_shared<RegistryKey>();

@@ -25,7 +25,8 @@ namespace mox::host {
 /// use it.
 class MOX_API Registry {
 public:
-    Registry(RegistryStore::Facts facts, std::filesystem::path file, const CodePage& codePage, Handles& handles);
+    Registry(RegistryStore::Facts facts, std::filesystem::path file, Durability durability, const CodePage& codePage,
+             Handles& handles);
     ~Registry();
 
     std::int32_t openKey(platform::HKEY key, std::string_view path, std::uint32_t access, platform::HKEY& opened);

@@ -48,19 +48,19 @@ bool isEmpty(const std::filesystem::path& file) {
 } // namespace
 
 struct RegistryStore::Opened {
-    explicit Opened(const std::filesystem::path& file) : database(file), tree(prepared(database)) {}
+    Opened(const std::filesystem::path& file, Durability durability) : database(file, durability), tree(prepared(database)) {}
     Database database;
     KeyTree tree;
 };
 
-RegistryStore::RegistryStore(std::filesystem::path file, std::string user, Facts facts)
-    : file_(std::move(file)), user_(std::move(user)), facts_(std::move(facts)) {}
+RegistryStore::RegistryStore(std::filesystem::path file, Durability durability, std::string user, Facts facts)
+    : file_(std::move(file)), durability_(durability), user_(std::move(user)), facts_(std::move(facts)) {}
 
 RegistryStore::~RegistryStore() = default;
 
 std::unique_ptr<RegistryStore::Opened> RegistryStore::openFile() {
     const bool isNew = isEmpty(file_);
-    auto opened = std::make_unique<Opened>(file_);
+    auto opened = std::make_unique<Opened>(file_, durability_);
     examine(opened->database);
     try {
         FactRecord(opened->database, opened->tree, user_).update(facts_());
@@ -113,7 +113,7 @@ void RegistryStore::putAside(const std::string& reason) {
     const std::filesystem::path kept = keepDamagedFile(file_);
     std::cerr << "mox: the registry " << file_.string() << " is damaged (" << reason << "); it is kept as "
               << kept.filename().string() << ", and the registry begins anew\n";
-    Opened fresh(file_);
+    Opened fresh(file_, durability_);
     Statement note(fresh.database, "INSERT INTO damages(kept, reason) VALUES (?1, ?2)");
     Query(note, std::string_view(kept.filename().native()), std::string_view(reason)).finish();
 }

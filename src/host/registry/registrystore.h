@@ -26,7 +26,7 @@ public:
     using Facts = std::function<std::vector<RegistryFact>()>;
 
     /// `user` is the name of the present user's branch below `HKEY_USERS`.
-    RegistryStore(std::filesystem::path file, std::string user, Facts facts);
+    RegistryStore(std::filesystem::path file, Durability durability, std::string user, Facts facts);
     ~RegistryStore();
 
     /// Runs an operation on the tree and gives its answer, or that of a failure. After damage it runs again on the new file; so
@@ -70,6 +70,7 @@ private:
     void putAside(const std::string& reason);
 
     const std::filesystem::path file_;
+    const Durability durability_;
     const std::string user_;
     const Facts facts_;
     std::unique_ptr<Opened> opened_;
