@@ -3,6 +3,8 @@
 
 #include "host/machine/machine.h"
 
+#include <mox/mox.h>
+
 #include <sqlite3.h>
 
 #include <memory>
@@ -11,13 +13,17 @@
 namespace {
 
 using namespace mox;
-using platform::HKEY;
-
 constexpr int settingCount = 1000;
-constexpr const char* path = "Software\\Publisher\\Application\\Section";
+const String publisher = u"Publisher";
+const String application = u"Application";
+const String section = u"Section";
 
 std::string nameOf(int number) {
     return "Setting number " + std::to_string(number);
+}
+
+String textOf(const std::string& ascii) {
+    return std::u16string(ascii.begin(), ascii.end());
 }
 
 struct CloseDatabase {
@@ -81,18 +87,20 @@ PlainTable& plain() {
     return table;
 }
 
-platform::Advapi32& advapi32() {
-    static host::Machine machine{host::MachineConfig{}};
-    static const bool isFilled = [] {
-        HKEY key = 0;
-        machine.advapi32.RegCreateKeyA(platform::HKEY_CURRENT_USER, path, key);
+/// The registry of a machine on disk, with the same settings.
+const moxRegistry& registry() {
+    static const host::TemporaryFolder home("mox-bench-");
+    static const moxRegistry registry = [] {
+        host::MachineConfig config;
+        config.home = home.path();
+        host::Machine::configure(config);
+        moxRegistry made = moxHub::create().System().Registry();
         for (int i = 0; i < settingCount; ++i) {
-            machine.advapi32.RegSetValueExA(key, nameOf(i), platform::REG_SZ, "text of this setting");
+            made.SaveSetting(publisher, application, section, textOf(nameOf(i)), u"text of this setting");
         }
-        return machine.advapi32.RegCloseKey(key) == platform::ERROR_SUCCESS;
+        return made;
     }();
-    benchmark::DoNotOptimize(isFilled);
-    return machine.advapi32;
+    return registry;
 }
 
 void plainSelect(benchmark::State& state) {
@@ -106,22 +114,13 @@ void plainSelect(benchmark::State& state) {
 }
 BENCHMARK(plainSelect);
 
-/// As settings are read: for the size, then for the text.
 void getSetting(benchmark::State& state) {
-    platform::Advapi32& advapi = advapi32();
+    const moxRegistry& settings = registry();
     int i = 0;
     for (auto _ : state) {
-        const std::string name = nameOf(i++ % settingCount);
-        HKEY key = 0;
-        std::uint32_t type = 0;
-        std::uint32_t size = 0;
-        char text[64];
-        advapi.RegOpenKeyExA(platform::HKEY_CURRENT_USER, path, platform::KEY_READ, key);
-        advapi.RegQueryValueExA(key, name, type, {}, size);
-        if (advapi.RegQueryValueExA(key, name, type, text, size) != platform::ERROR_SUCCESS) {
+        if (settings.GetSetting(publisher, application, section, textOf(nameOf(i++ % settingCount))).empty()) {
             state.SkipWithError("a setting is missing");
         }
-        advapi.RegCloseKey(key);
     }
 }
 BENCHMARK(getSetting);
@@ -139,16 +138,13 @@ void plainUpsert(benchmark::State& state) {
 BENCHMARK(plainUpsert);
 
 void saveSetting(benchmark::State& state) {
-    platform::Advapi32& advapi = advapi32();
+    const moxRegistry& settings = registry();
     static int i = 0;
     for (auto _ : state) {
-        HKEY key = 0;
-        advapi.RegCreateKeyA(platform::HKEY_CURRENT_USER, path, key);
-        if (advapi.RegSetValueExA(key, nameOf(i % settingCount), platform::REG_SZ, "text number " + std::to_string(i)) !=
-            platform::ERROR_SUCCESS) {
+        const String text = textOf("text number " + std::to_string(i));
+        if (settings.SaveSetting(publisher, application, section, textOf(nameOf(i % settingCount)), text) != True) {
             state.SkipWithError("a setting is not saved");
         }
-        advapi.RegCloseKey(key);
         ++i;
     }
 }
@@ -157,9 +153,10 @@ BENCHMARK(saveSetting);
 } // namespace
 
 int main(int argc, char** argv) {
-    return mox::bench::runWithRatios(argc, argv,
-                                     {
-                                         {"reading a setting / a prepared SELECT of SQLite", "getSetting", "plainSelect", 2},
-                                         {"saving a setting / an upsert of SQLite", "saveSetting", "plainUpsert", 1.3},
-                                     });
+    return mox::bench::runWithRatios(
+        argc, argv,
+        {
+            {"GetSetting / a prepared SELECT of SQLite", "getSetting", "plainSelect", 2},
+            {"SaveSetting / an upsert of SQLite of the same durability", "saveSetting", "plainUpsert", 1.3},
+        });
 }
