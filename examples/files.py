@@ -33,9 +33,13 @@ def show_tree(fs, tree, most=16):
         if number == most:
             print(f"  ... and {listing.Count - most} more")
             break
-        facts = f"{fs.File.GetSize(path):>9}  {fs.File.GetDateTime(path).Modified.datetime:%Y-%m-%d %H:%M}  {fs.File.GetTypeName(path)}"
-        print(f"  {'  ' * depth + name:<44}{facts if path else ''}".rstrip())
+        print(f"  {'  ' * depth + name:<40}{facts_of(fs.File, path) if path else ''}".rstrip())
     return listing
+
+
+def facts_of(file, path):
+    modified = file.GetDateTime(path).Modified.datetime
+    return f"{file.GetSize(path):>9}  {modified:%Y-%m-%d %H:%M}  {file.GetTypeName(path)}"
 
 
 def main(folder, tree):
