@@ -1,6 +1,7 @@
 // A machine with a drive of its own for tests of the shared procedures.
 #pragma once
 
+#include "support/print.h"
 #include "support/testmachine.h"
 
 #include "core/modMoxHub.h"
@@ -9,20 +10,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <ostream>
 #include <string>
 #include <string_view>
-
-namespace mox {
-
-inline void PrintTo(const String& text, std::ostream* stream) {
-    *stream << '"' << text.utf8() << '"';
-}
-inline void PrintTo(Boolean value, std::ostream* stream) {
-    *stream << value.value;
-}
-
-} // namespace mox
 
 namespace mox::test {
 

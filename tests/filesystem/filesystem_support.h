@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/invoke.h"
+#include "support/print.h"
 #include "support/testmachine.h"
 
 #include "core/classes.h"
@@ -15,17 +16,6 @@
 #include <iterator>
 #include <string>
 #include <string_view>
-
-namespace mox {
-
-inline void PrintTo(const String& text, std::ostream* stream) {
-    *stream << '"' << text.utf8() << '"';
-}
-inline void PrintTo(Boolean value, std::ostream* stream) {
-    *stream << value.value;
-}
-
-} // namespace mox
 
 namespace mox::test {
 
