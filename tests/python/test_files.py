@@ -49,10 +49,24 @@ class Files(unittest.TestCase):
         self.assertTrue(self.fs.File.Copy(f"{self.folder}\\{name}", f"{self.folder}\\copy.txt"))
         self.assertEqual((self.disk / "copy.txt").read_text(), "far")
 
-    def test_delete_for_good(self):
-        (self.disk / "gone.txt").write_text("x")
-        self.assertTrue(self.fs.File.Delete(drive_path(self.disk / "gone.txt"), bAllowUndo=False))
-        self.assertFalse((self.disk / "gone.txt").exists())
+    def test_questions_and_the_trash(self):
+        code = f"""
+import mox, os
+mox.machine(memory=True, trash={str(self.disk / "trash")!r})
+file = mox.create("moxHub").FileSystem.File
+for name in ("declined", "confirmed", "kept"):
+    open({str(self.disk)!r} + "/" + name, "w").close()
+path = {self.folder!r} + "\\\\"
+print(file.Delete(path + "declined", False, False, True))
+mox.answer("confirm", yes=True)
+print(file.Delete(path + "confirmed", bAllowUndo=False, bConfirmDialog=True))
+print(file.Delete(path + "kept"))
+print([dialog["answer"] for dialog in mox.dialogs()])
+print(os.listdir({str(self.disk / "trash" / "files")!r}))
+"""
+        output = run([sys.executable, "-c", code]).stdout
+        self.assertEqual(output, "False\nTrue\nTrue\n[{'yes': False}, {'yes': True}]\n['kept']\n")
+        self.assertEqual(sorted(path.name for path in self.disk.iterdir()), ["declined", "trash"])
 
 
 class Example(unittest.TestCase):
