@@ -6,7 +6,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Unique symbols would keep an unused server file loaded for good.
     target_compile_options(mox_options INTERFACE -fno-gnu-unique)
     # GCC 12 sees inlined concatenations of strings write beyond their ends (its bug 105651).
-    target_compile_options(mox_options INTERFACE -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow)
+    target_compile_options(mox_options INTERFACE -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
 # The check of dynamic types (vptr) reads run-time type information, which objects of other languages do not have.
 if(MOX_SANITIZE)
