@@ -80,6 +80,7 @@ protected:
 TEST_F(Registration, EntersClassesAndLibrary) {
     ASSERT_EQ(module.registerServer(), S_OK);
     const std::string hub = hubKey;
+    const std::string varsKey = "CLSID\\{67CDE959-DF7F-4C48-B760-1751054C4D6D}";
     const std::string library = libraryKey;
     const std::string file = value(hub + "\\InprocServer32");
     EXPECT_TRUE(file.ends_with("\\core_test") && machine->files.resolve(file)) << file;
@@ -99,15 +100,19 @@ TEST_F(Registration, EntersClassesAndLibrary) {
         {library + "\\1.0\\0\\win32", "", file},
         {library + "\\1.0\\FLAGS", "", "0"},
         {library + "\\1.0\\HELPDIR", "", file.substr(0, file.rfind('\\'))},
+        // One that clients do not create.
+        {varsKey, "", utf8FromUtf16(TRL_OBKR_MOX::description::moxVars.help)},
+        {varsKey + "\\TypeLib", "", "{D3992F4E-D019-4DF4-9C76-A3D1A8C2BF07}"},
+        {varsKey + "\\InprocServer32", "", "-"},
         {"TRL_OBKR_MOX.moxVars", "", "-"},
     };
     for (const auto& [path, name, text] : rows) {
         EXPECT_EQ(value(path, name), text) << path;
     }
-    EXPECT_EQ(ownKeys().size(), 6u * 7 + 6);
+    EXPECT_EQ(ownKeys().size(), 6u * 7 + 38 * 2 + 6);
 
     EXPECT_EQ(module.registerServer(), S_OK) << "again";
-    EXPECT_EQ(ownKeys().size(), 6u * 7 + 6);
+    EXPECT_EQ(ownKeys().size(), 6u * 7 + 38 * 2 + 6);
     EXPECT_EQ(module.unregisterServer(), S_OK);
     EXPECT_EQ(ownKeys(), std::set<std::string>());
     EXPECT_EQ(module.unregisterServer(), S_OK) << "nothing is there";

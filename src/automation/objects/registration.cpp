@@ -58,26 +58,27 @@ std::string versionOf(const typelib::LibraryDescription& library) {
     return std::to_string(library.major) + "." + std::to_string(library.minor);
 }
 
+/// Every class is known by its identifier; only those that clients create have a file and a name to be found by.
 void addClass(std::vector<ClassesEntry>& entries, const typelib::ClassDescription& type, const ServerPlace& place) {
     const std::string id = ansiFrom(type.id);
     const std::string key = "CLSID\\" + id;
-    const std::string progId = plain(std::u16string(type.library.name) + u"." + type.name);
     const std::string help = plain(type.help);
     entries.push_back({key, {{"", help}}});
-    entries.push_back({key + "\\InprocServer32", {{"", place.file}, {"ThreadingModel", "Apartment"}}});
-    entries.push_back({key + "\\ProgID", {{"", progId}}});
     entries.push_back({key + "\\TypeLib", {{"", ansiFrom(type.library.id)}}});
-    entries.push_back({key + "\\VERSION", {{"", versionOf(type.library)}}});
-    entries.push_back({progId, {{"", help}}});
-    entries.push_back({progId + "\\CLSID", {{"", id}}});
+    if (type.creatable) {
+        const std::string progId = plain(std::u16string(type.library.name) + u"." + type.name);
+        entries.push_back({key + "\\InprocServer32", {{"", place.file}, {"ThreadingModel", "Apartment"}}});
+        entries.push_back({key + "\\ProgID", {{"", progId}}});
+        entries.push_back({key + "\\VERSION", {{"", versionOf(type.library)}}});
+        entries.push_back({progId, {{"", help}}});
+        entries.push_back({progId + "\\CLSID", {{"", id}}});
+    }
 }
 
 std::vector<ClassesEntry> classEntries(const ServerModule& module, const ServerPlace& place) {
     std::vector<ClassesEntry> entries;
     for (const ClassEntry& entry : module.classes()) {
-        if (entry.description.creatable) {
-            addClass(entries, entry.description, place);
-        }
+        addClass(entries, entry.description, place);
     }
     return entries;
 }

@@ -13,7 +13,7 @@
 
 namespace mox::automation {
 
-/// Enters all creatable classes of a server file and its type library. `SELFREG_E_CLASS` or `SELFREG_E_TYPELIB` if something
+/// Enters all classes of a server file and its type library. `SELFREG_E_CLASS` or `SELFREG_E_TYPELIB` if something
 /// cannot be entered: then all of it is taken back.
 HRESULT registerModule(const ServerModule& module) noexcept;
 /// Removes what `registerModule` enters, and nothing else; what is not there does not matter. It goes on after what cannot be
