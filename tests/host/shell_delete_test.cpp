@@ -1,6 +1,6 @@
 #include "shell_support.h"
 
-#include <regex>
+#include <algorithm>
 #include <sys/mount.h>
 #include <sys/stat.h>
 
@@ -94,8 +94,10 @@ TEST_F(ShellDeleteTest, movesToTheTrash) {
         const std::string info = contentsOf(trash() / "info" / (std::string(name) + ".trashinfo"));
         const std::string start = "[Trash Info]\nPath=" + disk().string() + path + "\nDeletionDate=";
         EXPECT_TRUE(info.starts_with(start)) << info;
-        EXPECT_TRUE(std::regex_match(info.substr(start.size()), std::regex("\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\n")))
-            << info;
+        std::string date = info.substr(start.size());
+        std::ranges::replace_if(
+            date, [](char c) { return c >= '0' && c <= '9'; }, '0');
+        EXPECT_EQ(date, "0000-00-00T00:00:00\n") << info;
     }
     struct stat facts {};
     ASSERT_EQ(stat(trash().c_str(), &facts), 0);
