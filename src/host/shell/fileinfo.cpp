@@ -1,5 +1,6 @@
 #include "host/shell/fileinfo.h"
 
+#include "host/shell/contenttype.h"
 #include "host/shell/gio.h"
 
 #include "platform/kernel32.h"
@@ -51,7 +52,7 @@ const char* kindOfDrive(std::uint32_t type) noexcept {
 
 /// By the name alone, as users tell types by extensions: a text in a file with an unknown one does not make it known.
 std::string typeByName(const std::string& name) {
-    const GText type(g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
+    const GText type = contentTypeOfName(name);
     const bool isKnown = type && !g_content_type_is_unknown(type.get());
     const GText description(isKnown ? g_content_type_get_description(type.get()) : nullptr);
     if (description && *description) {
