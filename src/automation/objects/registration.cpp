@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
 #include <vector>
 
 #include <dlfcn.h>
@@ -100,9 +99,7 @@ std::vector<ClassesEntry> libraryEntries(const ServerModule& module, const Serve
 /// Those below a key before the key itself. Goes on after a failure.
 bool removeAll(const std::vector<ClassesEntry>& entries) {
     bool isDone = true;
-    for (const ClassesEntry& entry : entries | std::views::reverse) {
-        isDone = removeEntry(entry) && isDone;
-    }
+    std::for_each(entries.rbegin(), entries.rend(), [&](const ClassesEntry& entry) { isDone = removeEntry(entry) && isDone; });
     return isDone;
 }
 

@@ -53,10 +53,10 @@ void checkReply(std::string_view kind, const json& reply) {
     if (!reply.is_object()) {
         throw ControlError("reply: not an object");
     }
-    for (const auto& [name, value] : reply.items()) {
-        const auto isNamed = [&](const ReplyMember& member) { return member.kind == kind && member.name == name; };
+    for (const auto& given : reply.items()) {
+        const auto isNamed = [&](const ReplyMember& member) { return member.kind == kind && member.name == given.key(); };
         if (std::ranges::none_of(members, isNamed)) {
-            throw ControlError("unknown member of a reply to " + std::string(kind) + ": " + name);
+            throw ControlError("unknown member of a reply to " + std::string(kind) + ": " + given.key());
         }
     }
     for (const ReplyMember& member : members) {
