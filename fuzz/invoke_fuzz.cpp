@@ -1,5 +1,6 @@
 // Drives Invoke over all members that exist with random arguments: a clear status each time, nothing leaked, nothing read beyond.
 #include "core/classes.h"
+#include "host/machine/machine.h"
 
 #include <mox/mox.h>
 
@@ -12,7 +13,16 @@ namespace {
 
 using namespace mox;
 
+/// Members that change files, folders and settings run on a machine of their own: every drive is a folder that goes with it.
+void isolate() {
+    static const host::TemporaryFolder disk("mox-fuzz-");
+    host::MachineConfig config;
+    config.drives = {{'Z', disk.path()}};
+    host::Machine::configure(config);
+}
+
 std::vector<Ref<IDispatch>> makeAll() {
+    isolate();
     std::vector<Ref<IDispatch>> objects;
     for (const ClassEntry& entry : server::serverModule().classes()) {
         if (entry.create) {

@@ -26,6 +26,10 @@ bool FileSearch::nextSingle(platform::WIN32_FIND_DATAA& found) {
     return true;
 }
 
+DiskPath FileSearch::path() const {
+    return files_ ? files_->path(file_) : folder_;
+}
+
 bool FileSearch::nextDot(platform::WIN32_FIND_DATAA& found) {
     constexpr std::size_t dotNames = 2;
     const std::size_t rootLength = std::max<std::size_t>(folder_.rootLength, 1);

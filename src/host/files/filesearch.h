@@ -29,7 +29,7 @@ public:
     /// The next file; false if there is none.
     bool next(platform::WIN32_FIND_DATAA& found);
     /// Where the file that `next` gave last lies on disk.
-    DiskPath path() const { return files_ ? files_->path(file_) : folder_; }
+    DiskPath path() const;
 
 private:
     bool nextDot(platform::WIN32_FIND_DATAA& found);
