@@ -4,6 +4,8 @@
 
 #include "platform/kernel32.h"
 
+#include <span>
+
 namespace mox::server {
 
 using platform::CP_ACP;
@@ -31,10 +33,12 @@ std::string toAnsi(std::u16string_view text) {
 }
 
 String fromAnsi(std::string_view bytes) {
-    std::u16string text(bytes.size(), u'\0');
-    if (!bytes.empty()) {
-        text.resize(converted(kernel32().MultiByteToWideChar(CP_ACP, bytes, text)));
+    if (bytes.empty()) {
+        return {};
     }
+    String text = String::ofLength(bytes.size());
+    const std::size_t length = converted(kernel32().MultiByteToWideChar(CP_ACP, bytes, std::span(text.data(), bytes.size())));
+    text.truncate(length);
     return text;
 }
 
