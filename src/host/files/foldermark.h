@@ -10,7 +10,7 @@ namespace mox::host {
 /// files have none. So the folder knows: whoever makes a file hidden or one of the system marks its folder by the extended
 /// attribute `user.mox.attributes`. A listing that wants to know which files are hidden looks at each if the folder is marked,
 /// has stored attributes itself (as what file servers make has), belongs to another user (who may have had no right to mark it),
-/// or if one of the first files has some; else it takes the files as having none. Who asks for a folder or for one file by name,
+/// or if the first of the files has some; else it takes the files as having none. Who asks for a folder or for one file by name,
 /// or for more than whether it is hidden or of the system, is told by the file itself in any case.
 void markFolder(const std::string& folder);
 /// Marks the folder of a file that has or gets attributes that need it.

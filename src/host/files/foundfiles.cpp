@@ -68,12 +68,11 @@ std::uint32_t FoundFiles::attributes(std::size_t file, std::uint32_t mask) {
 }
 
 std::uint32_t FoundFiles::storedAttributes(std::size_t file) {
-    constexpr int enough = 4;
     const auto read = [&] { return StoredFacts::read(path(file).text).attributes; };
     if (kind(file) == Kind::folder) {
         return read().value_or(0);
     }
-    if (attributes_ == Attributes::unknown && withoutAttributes_ == 0) {
+    if (attributes_ == Attributes::unknown) {
         const bool isOurs = listing_->owner() == geteuid();
         attributes_ = !isOurs || isMarked(folder_.text) ? Attributes::ofEachFile : Attributes::unknown;
     }
@@ -82,11 +81,7 @@ std::uint32_t FoundFiles::storedAttributes(std::size_t file) {
     }
     const std::optional<std::uint32_t> stored = read();
     if (attributes_ == Attributes::unknown) {
-        if (stored) {
-            attributes_ = Attributes::ofEachFile;
-        } else if (++withoutAttributes_ == enough) {
-            attributes_ = Attributes::ofNone;
-        }
+        attributes_ = stored ? Attributes::ofEachFile : Attributes::ofNone;
     }
     return stored.value_or(0);
 }

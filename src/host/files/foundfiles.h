@@ -39,7 +39,6 @@ private:
     const DiskPath folder_;
     const std::shared_ptr<const FolderListing> listing_;
     Attributes attributes_ = Attributes::unknown;
-    int withoutAttributes_ = 0;
 };
 
 } // namespace mox::host
