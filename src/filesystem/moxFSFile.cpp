@@ -119,7 +119,7 @@ MOX_FILEDATETIME moxFSFile::GetDateTime(const String& sFileName) {
 Long moxFSFile::GetChecksum(const String& sFileName, Long lMaxMBTaken) {
     constexpr std::int64_t megabyte = 1'048'576;
     constexpr Long mostMegabytes = 1024;
-    constexpr std::int64_t blockSize = 256 * 1024; // stays in the cache of the processor
+    constexpr std::int64_t blockSize = 128 * 1024; // stays in the cache of the processor
     constexpr std::uint32_t registerOf0 = 0xFFFFFFFF;
     Long result = 0;
     trapAndLeave([&] {
