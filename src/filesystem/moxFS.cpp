@@ -6,6 +6,7 @@
 #include "core/modMoxHub.h"
 #include "core/release.h"
 #include "filesystem/binaryfile.h"
+#include "filesystem/pageblock.h"
 #include "filesystem/pathtext.h"
 #include "filesystem/standardpath.h"
 #include "filesystem/treewalk.h"
@@ -13,7 +14,6 @@
 #include "platform/kernel32.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace mox::server {
 
@@ -92,10 +92,9 @@ Boolean moxFS::MergeFiles(const String& FirstFile, const String& SecondFile, Lon
         }
         // Larger blocks go in pieces that stay in the cache of the processor.
         const std::int64_t pieceSize = std::min(BlockSize, largestPiece);
-        std::vector<char> piece(static_cast<std::size_t>(std::min(length, pieceSize)));
+        const PageBlock piece(static_cast<std::size_t>(std::min(length, pieceSize)));
         for (std::int64_t position = 0; position < length; position += pieceSize) {
-            const std::span<char> bytes =
-                std::span(piece).first(static_cast<std::size_t>(std::min(length - position, pieceSize)));
+            const std::span<char> bytes = piece.first(static_cast<std::size_t>(std::min(length - position, pieceSize)));
             second.read(position, bytes);
             first.write(end + position, bytes);
         }

@@ -7,6 +7,7 @@
 #include "core/statement.h"
 #include "filesystem/binaryfile.h"
 #include "filesystem/describedfile.h"
+#include "filesystem/pageblock.h"
 #include "filesystem/pathtext.h"
 #include "filesystem/uniquename.h"
 
@@ -16,7 +17,6 @@
 #include "platform/version.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace mox::server {
 
@@ -119,7 +119,7 @@ MOX_FILEDATETIME moxFSFile::GetDateTime(const String& sFileName) {
 Long moxFSFile::GetChecksum(const String& sFileName, Long lMaxMBTaken) {
     constexpr std::int64_t megabyte = 1'048'576;
     constexpr Long mostMegabytes = 1024;
-    constexpr std::int64_t blockSize = 128 * 1024; // stays in the cache of the processor
+    constexpr std::int64_t blockSize = 256 * 1024; // stays in the cache of the processor
     constexpr std::uint32_t registerOf0 = 0xFFFFFFFF;
     Long result = 0;
     trapAndLeave([&] {
@@ -131,10 +131,10 @@ Long moxFSFile::GetChecksum(const String& sFileName, Long lMaxMBTaken) {
         if (taken <= 0) {
             return;
         }
-        std::vector<char> block(static_cast<std::size_t>(std::min(taken, blockSize)));
+        const PageBlock block(static_cast<std::size_t>(std::min(taken, blockSize)));
         std::uint32_t crc = registerOf0;
         for (std::int64_t position = 0; position < taken; position += blockSize) {
-            const std::span<char> bytes = std::span(block).first(static_cast<std::size_t>(std::min(taken - position, blockSize)));
+            const std::span<char> bytes = block.first(static_cast<std::size_t>(std::min(taken - position, blockSize)));
             file.read(position, bytes);
             if (!ntdll().RtlComputeCrc32(crc, bytes)) {
                 return;
