@@ -29,6 +29,7 @@ std::int32_t save(Advapi32& advapi, const std::string& path, const std::string& 
 host::MachineConfig at(const host::TemporaryFolder& folder) {
     host::MachineConfig config;
     config.home = folder.path() / "home";
+    config.isDurable = false; // processes end here, but the system does not
     return config;
 }
 
