@@ -1,6 +1,7 @@
 #include "filesystem/moxFS.h"
 
 #include "automation/objects/errormodes.h"
+#include "automation/objects/runtimeerror.h"
 #include "core/ansi.h"
 #include "core/classes.h"
 #include "core/modMoxHub.h"
@@ -76,7 +77,6 @@ String moxFS::GetTempFile(const String& sPrefix, const String& sSuffix, const St
 }
 
 Boolean moxFS::MergeFiles(const String& FirstFile, const String& SecondFile, Long BlockSize) {
-    constexpr Long errIllegalCall = 5;
     constexpr Long largestPiece = 256 * 1024;
     Boolean result;
     trapAndLeave([&] {
@@ -88,7 +88,7 @@ Boolean moxFS::MergeFiles(const String& FirstFile, const String& SecondFile, Lon
         const std::int64_t end = first.length();
         const std::int64_t length = second.length();
         if (length > 0 && BlockSize <= 0) {
-            throw RuntimeError(errIllegalCall);
+            throw RuntimeError(errInvalidCall);
         }
         // Larger blocks go in pieces that stay in the cache of the processor.
         const std::int64_t pieceSize = std::min(BlockSize, largestPiece);

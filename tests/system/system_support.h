@@ -1,7 +1,7 @@
-// The system classes as clients reach them, and one check for both ways to call.
+// The system classes as clients reach them.
 #pragma once
 
-#include "support/invoke.h"
+#include "support/bothways.h"
 #include "support/print.h"
 #include "support/testmachine.h"
 
@@ -16,18 +16,6 @@
 #include <vector>
 
 namespace mox::test {
-
-/// Fails unless the member gives `expected` both through its slot and through `Invoke`.
-template <auto member, class Client, class Result, class... Arguments>
-void expectBoth(const Client& object, const char16_t* name, const Result& expected, const Arguments&... arguments) {
-    SCOPED_TRACE(String(name).utf8() + [&] {
-        std::string list;
-        static_cast<void>(((list += " \"" + Variant(arguments).template as<String>().utf8() + "\""), ...));
-        return list;
-    }());
-    EXPECT_EQ((object.*member)(arguments...), expected);
-    EXPECT_EQ(invoke(object.get(), name, arguments...).template as<Result>(), expected);
-}
 
 /// What an array holds, in the order of its elements.
 template <class Element> std::vector<Element> elementsOf(const Array<Element>& array) {
