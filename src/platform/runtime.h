@@ -4,6 +4,8 @@
 #include "platform/operation.h"
 #include "platform/types.h"
 
+#include <mox/values.h>
+
 #include <string>
 
 namespace mox::platform {
@@ -25,6 +27,10 @@ struct Runtime : SystemLibrary {
     /// Twips in one pixel of the screen object; 15 at 96 dots per inch.
     Operation<float()> ScreenTwipsPerPixelX{*this, "ScreenTwipsPerPixelX", 0};
     Operation<float()> ScreenTwipsPerPixelY{*this, "ScreenTwipsPerPixelY", 0};
+
+    /// A new object of one of the run-time layer's own classes, such as `StdFont`, or of any other. The answer is 0, or the
+    /// number of the run-time error that `New` raises.
+    Operation<std::int32_t(const GUID& classId, Ref<IDispatch>& object)> New{*this, "New", 429};
 
     /// Seeds the random numbers of the apartment from the clock.
     Operation<bool()> Randomize{*this, "Randomize", false};

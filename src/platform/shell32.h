@@ -35,8 +35,14 @@ struct SHFILEOPSTRUCTA {
     bool fAnyOperationsAborted = false;
 };
 
+inline constexpr std::uint32_t SHGFI_LARGEICON = 0;
+inline constexpr std::uint32_t SHGFI_SMALLICON = 0x1;
+inline constexpr std::uint32_t SHGFI_OPENICON = 0x2;
+inline constexpr std::uint32_t SHGFI_SHELLICONSIZE = 0x4;
+inline constexpr std::uint32_t SHGFI_ICON = 0x100;
 inline constexpr std::uint32_t SHGFI_DISPLAYNAME = 0x200;
 inline constexpr std::uint32_t SHGFI_TYPENAME = 0x400;
+inline constexpr std::uint32_t SHGFI_SYSICONINDEX = 0x4000;
 
 /// What the shell shows of a file.
 struct SHFILEINFOA {
@@ -44,6 +50,10 @@ struct SHFILEINFOA {
     std::string szDisplayName;
     /// At most 79 bytes.
     std::string szTypeName;
+    /// An icon that the caller has to destroy.
+    Handle hIcon = 0;
+    /// Its index in the system's image list.
+    std::int32_t iIcon = 0;
 };
 
 struct Shell32 : SystemLibrary {
@@ -57,7 +67,8 @@ struct Shell32 : SystemLibrary {
         SHGetDiskFreeSpaceA{*this, "SHGetDiskFreeSpaceA", false};
     /// Copies, moves, renames or deletes files and whole folders, with wildcards in the last names of `pFrom`. 0 on success.
     Operation<std::int32_t(SHFILEOPSTRUCTA& operation)> SHFileOperationA{*this, "SHFileOperationA", 5};
-    /// The fields that the flags name; those of `attributes` only matter where the file need not exist. 0 on failure.
+    /// The fields that the flags name; those of `attributes` only matter where the file need not exist. With `SHGFI_SYSICONINDEX`
+    /// the answer is the system's image list of the size that the flags name, which is shared, else 1. 0 on failure.
     Operation<std::uint32_t(std::string_view file, std::uint32_t attributes, SHFILEINFOA& info, std::uint32_t flags)>
         SHGetFileInfoA{*this, "SHGetFileInfoA", 0};
 };

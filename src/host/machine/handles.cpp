@@ -76,7 +76,7 @@ std::map<std::string, std::size_t> Handles::count() const {
     const std::lock_guard lock(guard_);
     std::map<std::string, std::size_t> result;
     for (const Entry& entry : entries_) {
-        if (entry.thing) {
+        if (entry.thing && !entry.kind.empty()) {
             ++result[std::string(entry.kind)];
         }
     }

@@ -20,8 +20,8 @@ namespace mox::host {
 /// the place, so that a stale handle is refused. Handles are positive, divisible by 4, and never 0 or -1.
 class MOX_API Handles {
 public:
-    /// A handle for `thing`, counted under `kind` ("find", "process", "bitmap", ...), a string that stays. 0 if there is no
-    /// thing, or if the table is full: `most` handles are open.
+    /// A handle for `thing`, counted under `kind` ("find", "process", "bitmap", ...), a string that stays; an empty one
+    /// is for what belongs to the machine itself, which is not counted. 0 if there is no thing, or if the table is full: `most` handles are open.
     template <class Thing> platform::Handle open(std::string_view kind, std::shared_ptr<Thing> thing) {
         return insert(kind, typeid(Thing), std::move(thing));
     }

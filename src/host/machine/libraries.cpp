@@ -7,12 +7,28 @@ Advapi32& advapi32() {
     return host::Machine::current().advapi32;
 }
 
+Comctl32& comctl32() {
+    return host::Machine::current().comctl32;
+}
+
+Gdi32& gdi32() {
+    return host::Machine::current().gdi32;
+}
+
 Kernel32& kernel32() {
     return host::Machine::current().kernel32;
 }
 
+Msimg32& msimg32() {
+    return host::Machine::current().msimg32;
+}
+
 Ntdll& ntdll() {
     return host::Machine::current().ntdll;
+}
+
+Oleaut32& oleaut32() {
+    return host::Machine::current().oleaut32;
 }
 
 Psapi& psapi() {
@@ -29,6 +45,10 @@ Shell32& shell32() {
 
 User32& user32() {
     return host::Machine::current().user32;
+}
+
+Uxtheme& uxtheme() {
+    return host::Machine::current().uxtheme;
 }
 
 Version& version() {

@@ -1,6 +1,7 @@
 #include "host/machine/machine.h"
 
 #include "host/files/wire_files.h"
+#include "host/graphics/wire_graphics.h"
 #include "host/machine/wiring.h"
 #include "host/processes/wire_processes.h"
 #include "host/registry/wire_registry.h"
@@ -49,7 +50,7 @@ Machine::Machine(MachineConfig config)
       config_(completed(std::move(config), temporaryHome_)), codePage(config_.codePage), files(config_, codePage),
       registry(registryFacts(*this), config_.home / "registry.sqlite",
                config_.isDurable ? Durability::system : Durability::process, codePage, handles),
-      messageLoops(config_.clock) {
+      messageLoops(config_.clock), graphics(handles, desktop) {
     wireKernel32(*this);
     wirePsapi(*this);
     wireRuntime(*this);
@@ -60,6 +61,14 @@ Machine::Machine(MachineConfig config)
     wireProcesses(*this);
     wireRegistry(*this);
     wireShell(*this);
+    wireContexts(*this);
+    wireShapes(*this);
+    wireCopies(*this);
+    wireText(*this);
+    wireIcons(*this);
+    wireMetafiles(*this);
+    wireDesktop(*this);
+    wirePictures(*this);
 }
 
 Machine::~Machine() {
@@ -100,8 +109,9 @@ Machine* Machine::exchange(Machine* machine) noexcept {
     return present.exchange(machine);
 }
 
-std::array<const platform::SystemLibrary*, 8> Machine::libraries() const noexcept {
-    return {&advapi32, &kernel32, &ntdll, &psapi, &runtime, &shell32, &user32, &version};
+std::array<const platform::SystemLibrary*, 13> Machine::libraries() const noexcept {
+    return {&advapi32, &comctl32, &gdi32,   &kernel32, &msimg32, &ntdll,  &oleaut32,
+            &psapi,    &runtime,  &shell32, &user32,   &uxtheme, &version};
 }
 
 platform::OperationBase* Machine::findOperation(std::string_view fullName) {

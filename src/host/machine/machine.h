@@ -1,9 +1,11 @@
 // The machine that stands behind the platform's declarations.
 #pragma once
 
+#include "host/desktop/desktop.h"
 #include "host/desktop/messageloops.h"
 #include "host/dialogs/dialogs.h"
 #include "host/files/files.h"
+#include "host/graphics/graphics.h"
 #include "host/machine/handles.h"
 #include "host/machine/machineconfig.h"
 #include "host/machine/temporaryfolder.h"
@@ -11,12 +13,17 @@
 #include "host/text/codepage.h"
 
 #include "platform/advapi32.h"
+#include "platform/comctl32.h"
+#include "platform/gdi32.h"
 #include "platform/kernel32.h"
+#include "platform/msimg32.h"
 #include "platform/ntdll.h"
+#include "platform/oleaut32.h"
 #include "platform/psapi.h"
 #include "platform/runtime.h"
 #include "platform/shell32.h"
 #include "platform/user32.h"
+#include "platform/uxtheme.h"
 #include "platform/version.h"
 
 #include <array>
@@ -53,7 +60,7 @@ public:
     bool isTemporary() const noexcept { return temporaryHome_.has_value(); }
     Clock& clock() const noexcept { return *config_.clock; }
 
-    std::array<const platform::SystemLibrary*, 8> libraries() const noexcept;
+    std::array<const platform::SystemLibrary*, 13> libraries() const noexcept;
     /// The operation of that full name, `kernel32.FindFirstFileA`, without regard to case; null if there is none.
     platform::OperationBase* findOperation(std::string_view fullName);
 
@@ -64,14 +71,21 @@ public:
     Registry registry;
     MessageLoops messageLoops;
     Dialogs dialogs;
+    Desktop desktop;
+    Graphics graphics;
 
     platform::Advapi32 advapi32;
+    platform::Comctl32 comctl32;
+    platform::Gdi32 gdi32;
     platform::Kernel32 kernel32;
+    platform::Msimg32 msimg32;
     platform::Ntdll ntdll;
+    platform::Oleaut32 oleaut32;
     platform::Psapi psapi;
     platform::Runtime runtime;
     platform::Shell32 shell32;
     platform::User32 user32;
+    platform::Uxtheme uxtheme;
     platform::Version version;
 };
 

@@ -1,0 +1,1 @@
+set(HOST_FONTS_TESTS)

@@ -1,0 +1,1 @@
+set(HOST_PICTURES_TESTS)

@@ -1,0 +1,1 @@
+set(HOST_PIXELS_TESTS)
