@@ -40,7 +40,7 @@ TEST(BitmapTest, keepsPixelsAsWellAsItsDepthAllows) {
         {{.bitsPerPixel = 8, .isSection = true, .colors = colors}, {0, 0xFFFFFF, 0xFF0000, 0x00FF00, 0, 0x808080, 0xFF}},
         {{.bitsPerPixel = 4, .isSection = true, .colors = colors}, {0, 0xFFFFFF, 0xFF0000, 0x00FF00, 0, 0x808080, 0xFF}},
         {{.bitsPerPixel = 1, .isSection = true, .colors = {0xFF0000, 0x00FF00}},
-         {0xFF0000, 0x00FF00, 0xFF0000, 0x00FF00, 0xFF0000, 0xFF0000, 0xFF0000}},
+         {0xFF0000, 0xFF0000, 0xFF0000, 0x00FF00, 0x00FF00, 0xFF0000, 0xFF0000}},
         {{.bitsPerPixel = 1}, {0, 0xFFFFFF, 0, 0, 0, 0, 0}},
     };
     for (const Case& expected : cases) {
