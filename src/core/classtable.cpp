@@ -4,6 +4,12 @@
 #include "core/moxControls.h"
 #include "core/moxHub.h"
 #include "core/moxHubGlobal.h"
+#include "drawing/moxColors.h"
+#include "drawing/moxDrawing.h"
+#include "drawing/moxFont.h"
+#include "drawing/moxFontEnumeration.h"
+#include "drawing/moxOffscreenBuffer.h"
+#include "drawing/moxScreenShot.h"
 #include "filesystem/moxFS.h"
 #include "filesystem/moxFSFile.h"
 #include "filesystem/moxFSFolder.h"
@@ -47,16 +53,16 @@ constexpr ClassEntry classTable[] = {
     {description::moxFS, &make<moxFS>},
     {description::moxSystem, &make<moxSystem>},
     {description::moxRegistry, &make<moxRegistry>},
+    {description::moxColors, &make<moxColors>},
+    {description::moxOffscreenBuffer, &make<moxOffscreenBuffer>},
+    {description::moxScreenShot, &make<moxScreenShot>},
+    {description::moxDrawing, &make<moxDrawing>},
+    {description::moxFont, &make<moxFont>},
+    {description::moxFontEnumeration, &make<moxFontEnumeration>},
     // Described, but without code yet: whoever asks for one gets error 445.
     {description::moxPrinters, nullptr},
     {description::moxPrinter, nullptr},
-    {description::moxColors, nullptr},
-    {description::moxOffscreenBuffer, nullptr},
-    {description::moxScreenShot, nullptr},
-    {description::moxDrawing, nullptr},
     {description::moxBitmapFilter, nullptr},
-    {description::moxFont, nullptr},
-    {description::moxFontEnumeration, nullptr},
     {description::moxForm, nullptr},
     {description::moxMouseEvents, nullptr},
     {description::moxCommonDialog, nullptr},

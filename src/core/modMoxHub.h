@@ -1,7 +1,11 @@
 // What several classes share: files and folders, temporary names, programs of files, disk space, object numbers.
 #pragma once
 
+#include "TRL_OBKR_MOX/descriptions.h"
+
 #include <mox/values.h>
+
+#include <vector>
 
 namespace mox::server::modMoxHub {
 
@@ -43,5 +47,24 @@ Ref<IDispatch> ObjectFromPtr(Long lPointer) noexcept;
 
 /// A number for an object, which holds no reference; 0 for Nothing. Errors go to the caller.
 Long PtrFromObject(const Ref<IDispatch>& cObject);
+
+/// Draws the icon that the shell shows for a file, folder or drive. One character means a drive.
+Boolean DrawShellIcon(Long hDC, Long X, Long Y, const String& sPath, TRL_OBKR_MOX::MOX_FS_ICONSIZE Size,
+                      TRL_OBKR_MOX::MOX_FS_ICONSTATE State);
+
+/// A font of a list.
+struct FontEntry {
+    String Name;
+    /// 1 for characters of the same width, 2 for those of their own, 0 if that is not told.
+    Long Pitch = 0;
+    /// 1 to 5 as `moX_FONT_FAMILY`, 0 if that is not told.
+    Long Family = 0;
+    Boolean Symbol;
+};
+
+/// The fonts of a context, 0 for the screen, with that face name, or all for an empty one; sorted by name. A font comes once for
+/// each of its character sets, but for direct repetitions. The number of fonts; for 0 the list has one empty entry. Errors go to
+/// the caller.
+Long EnumerateFonts(std::vector<FontEntry>& Fonts, Long hDC, const String& sFaceName);
 
 } // namespace mox::server::modMoxHub

@@ -3,7 +3,6 @@
 #include "automation/objects/errormodes.h"
 #include "core/ansi.h"
 #include "core/modMoxHub.h"
-#include "core/notyet.h"
 #include "core/statement.h"
 #include "filesystem/binaryfile.h"
 #include "filesystem/describedfile.h"
@@ -84,8 +83,8 @@ String moxFSFile::CreateUniqueFileName(const String& sBasePathFileName, const St
                     bBracketAllowed, modMoxHub::FileExists);
 }
 
-Boolean moxFSFile::DrawIcon(const String&, Long, Long, Long, MOX_FS_ICONSIZE, MOX_FS_ICONSTATE) {
-    notYet();
+Boolean moxFSFile::DrawIcon(const String& sFileName, Long hDC, Long X, Long Y, MOX_FS_ICONSIZE Size, MOX_FS_ICONSTATE State) {
+    return modMoxHub::DrawShellIcon(hDC, X, Y, sFileName, Size, State);
 }
 
 String moxFSFile::GetExeFromFileExtension(const String& sFileExt, Boolean bShortExeName) {

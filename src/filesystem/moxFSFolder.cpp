@@ -3,7 +3,6 @@
 #include "automation/objects/errormodes.h"
 #include "core/ansi.h"
 #include "core/modMoxHub.h"
-#include "core/notyet.h"
 #include "filesystem/describedfile.h"
 #include "filesystem/foldersearch.h"
 #include "filesystem/pathtext.h"
@@ -102,8 +101,8 @@ String moxFSFolder::GetDisplayName(const String& sPath) {
     return result;
 }
 
-Boolean moxFSFolder::DrawIcon(const String&, Long, Long, Long, MOX_FS_ICONSIZE, MOX_FS_ICONSTATE) {
-    notYet();
+Boolean moxFSFolder::DrawIcon(const String& sPath, Long hDC, Long X, Long Y, MOX_FS_ICONSIZE Size, MOX_FS_ICONSTATE State) {
+    return modMoxHub::DrawShellIcon(hDC, X, Y, sPath, Size, State);
 }
 
 Boolean moxFSFolder::Exists(const String& sPath) {
