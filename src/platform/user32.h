@@ -17,6 +17,10 @@ inline constexpr std::int32_t IDYES = 6;
 inline constexpr std::int32_t IDNO = 7;
 
 // Metrics of the system.
+inline constexpr std::int32_t SM_CXICON = 11;
+inline constexpr std::int32_t SM_CYICON = 12;
+inline constexpr std::int32_t SM_CXSMICON = 49;
+inline constexpr std::int32_t SM_CYSMICON = 50;
 inline constexpr std::int32_t SM_CLEANBOOT = 67;
 inline constexpr std::int32_t SM_MEDIACENTER = 87;
 inline constexpr std::int32_t SM_SERVERR2 = 89;
@@ -51,6 +55,8 @@ inline constexpr std::uint32_t DCX_WINDOW = 1;
 inline constexpr std::uint32_t DI_MASK = 1;
 inline constexpr std::uint32_t DI_IMAGE = 2;
 inline constexpr std::uint32_t DI_NORMAL = 3;
+/// A size of 0 stands for that of the system's icons.
+inline constexpr std::uint32_t DI_DEFAULTSIZE = 8;
 
 // Icons of the system.
 inline constexpr std::uint32_t IDI_APPLICATION = 32512;

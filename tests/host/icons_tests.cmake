@@ -1,1 +1,1 @@
-set(HOST_ICONS_TESTS)
+set(HOST_ICONS_TESTS icons_objects_test.cpp)

@@ -6,6 +6,7 @@
 #include "host/dialogs/dialogs.h"
 #include "host/files/files.h"
 #include "host/graphics/graphics.h"
+#include "host/icons/icons.h"
 #include "host/machine/handles.h"
 #include "host/machine/machineconfig.h"
 #include "host/machine/temporaryfolder.h"
@@ -73,6 +74,7 @@ public:
     Dialogs dialogs;
     Desktop desktop;
     Graphics graphics;
+    Icons icons;
 
     platform::Advapi32 advapi32;
     platform::Comctl32 comctl32;
