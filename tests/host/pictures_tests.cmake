@@ -1,1 +1,1 @@
-set(HOST_PICTURES_TESTS)
+set(HOST_PICTURES_TESTS pictures_classes_test.cpp pictures_font_test.cpp pictures_picture_test.cpp)

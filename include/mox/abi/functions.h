@@ -102,6 +102,24 @@ MOX_EXPORT HRESULT GetRecordInfoFromGuids(REFGUID rGuidTypeLib, ULONG uVerMajor,
                                           REFGUID rGuidTypeInfo, IRecordInfo** ppRecInfo);
 MOX_EXPORT HRESULT GetRecordInfoFromTypeInfo(ITypeInfo* pTypeInfo, IRecordInfo** ppRecInfo);
 
+// ---- pictures
+
+/// What a picture object is made of.
+struct PICTDESC {
+    /// 16.
+    UINT cbSizeofstruct;
+    /// 0 none, 1 bitmap, 2 metafile, 3 icon, 4 enhanced metafile.
+    UINT picType;
+    /// A handle of that kind.
+    LONG handle;
+    /// The palette of a bitmap. Of a metafile, its extents in hundredths of a millimetre: width in the low, height in the high
+    /// word.
+    LONG hpal;
+};
+/// A new picture object; without a description an uninitialised one. With `fOwn` it frees the handle with its last reference; on
+/// failure the handle stays the caller's. `E_INVALIDARG` for a handle that is none of that kind or a wrong size.
+MOX_EXPORT HRESULT OleCreatePictureIndirect(const PICTDESC* lpPictDesc, REFIID riid, BOOL fOwn, PVOID* lplpvObj);
+
 // ---- what is ours
 /// Runs the calling thread's message loop for so many milliseconds, and releases what other threads handed over.
 MOX_EXPORT HRESULT MoxPump(UINT milliseconds);

@@ -108,6 +108,9 @@ std::shared_ptr<Server> Servers::load(const std::filesystem::path& path, HRESULT
 }
 
 HRESULT Servers::getClassObject(REFCLSID id, REFIID iid, void** result) {
+    if (platformModule().has(id)) {
+        return platformModule().getClassObject(id, iid, result);
+    }
     std::lock_guard lock(guard_);
     HRESULT answer = REGDB_E_CLASSNOTREG;
     for (const std::filesystem::path& path : knownServers()) {

@@ -43,9 +43,9 @@ class Servers {
 public:
     static Servers& ofProcess();
 
-    /// The class object of `id` from the first server that has it. Servers are those of the environment variable MOX_SERVER
-    /// (files, separated by colons), else the library's own server beside this library. If none of them has the class, the file
-    /// that is registered for it.
+    /// The class object of `id`, of the platform's own classes, else from the first server that has it. Servers are those of the
+    /// environment variable MOX_SERVER (files, separated by colons), else the library's own server beside this library. If none
+    /// of them has the class, the file that is registered for it.
     HRESULT getClassObject(REFCLSID id, REFIID iid, void** result);
     /// The type library of a server file.
     HRESULT getTypeLib(const std::filesystem::path& path, ITypeLib** result);

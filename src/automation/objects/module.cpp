@@ -119,6 +119,10 @@ HRESULT ServerModule::unregisterServer() const noexcept {
     return automation::unregisterModule(*this);
 }
 
+bool ServerModule::has(REFCLSID id) const noexcept {
+    return std::ranges::any_of(classes_, [&](const ClassEntry& entry) { return entry.description.id == id; });
+}
+
 const ClassEntry* ServerModule::find(const typelib::ClassDescription& type) const noexcept {
     const auto found = std::ranges::find(classes_, &type, [](const ClassEntry& entry) { return &entry.description; });
     return found == classes_.end() ? nullptr : &*found;

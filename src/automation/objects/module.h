@@ -44,6 +44,8 @@ public:
     /// A new object of any class of the table. Error 445 for a class that has no code yet.
     Ref<IDispatch> create(const typelib::ClassDescription& type) const;
 
+    /// True if the table has a class with this identifier, with or without code.
+    bool has(REFCLSID id) const noexcept;
     const typelib::LibraryDescription& library() const noexcept { return library_; }
     std::span<const ClassEntry> classes() const noexcept { return classes_; }
 
@@ -58,5 +60,8 @@ private:
     const typelib::LibraryDescription& library_;
     std::span<const ClassEntry> classes_;
 };
+
+/// The run-time classes of the platform itself, which every process has without loading a file.
+MOX_API const ServerModule& platformModule();
 
 } // namespace mox
