@@ -19,5 +19,8 @@ echo
 echo "== Files, folders, settings and the system, from Python"
 PYTHONPATH=bindings/python python3 examples/files.py demo
 echo
+echo "== Pictures, filters, text, icons and fonts, drawn without a display, from Python"
+PYTHONPATH=bindings/python python3 examples/pictures.py demo
+echo
 echo "== The same from the command line, with every call shown"
 PYTHONPATH=bindings/python MOX_TRACE=dispatch python3 -m mox call "moxHub.Vars.ConvertUnit(1, suINCH, suCM)"

@@ -1,0 +1,2 @@
+mox_test(drawing_test drawing SOURCES buffer_test.cpp colors_test.cpp fonts_test.cpp pictures_test.cpp primitives_test.cpp screenshot_test.cpp text_test.cpp
+         LIBRARIES mox_server)
