@@ -1,1 +1,1 @@
-set(HOST_PIXELS_TESTS)
+set(HOST_PIXELS_TESTS pixels_bitmaps_test.cpp)

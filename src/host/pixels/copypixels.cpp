@@ -1,9 +1,232 @@
 #include "host/pixels/copypixels.h"
 
+#include "host/pixels/copyaxis.h"
+#include "host/pixels/paintrows.h"
+#include "host/pixels/pixelloops.h"
+#include "host/pixels/sourcerows.h"
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+
 namespace mox::host {
 
-bool copyPixels(Bitmap&, const ImageCopy&, const Region&) {
-    return false;
+namespace {
+
+using Kind = ImageCopy::Kind;
+using Box = pixman_box32_t;
+
+std::size_t widthOf(const Box& box) {
+    return static_cast<std::size_t>(box.x2 - box.x1);
+}
+
+/// The axes of a copy, and what of the target it can reach.
+struct Placement {
+    CopyAxis x;
+    CopyAxis y;
+    RECT visible;
+    bool isShift() const noexcept { return x.isShift() && y.isShift(); }
+    POINT distance() const noexcept {
+        return {static_cast<std::int32_t>(x.source().begin - x.target().begin),
+                static_cast<std::int32_t>(y.source().begin - y.target().begin)};
+    }
+};
+
+Placement placementOf(const ImageCopy& copy, const Bitmap* source, const RECT& bounds) {
+    const SignedRect& to = copy.target;
+    const SignedRect& from = source ? copy.area : copy.target;
+    Placement placement{{to.x, to.cx, from.x, from.cx}, {to.y, to.cy, from.y, from.cy}, {}};
+    const auto reach = [&](const CopyAxis& axis, int begin, int end, int size) {
+        const PlaceRange places{begin, end};
+        const PlaceRange all{std::max(places.begin, axis.target().begin), std::min(places.end, axis.target().end)};
+        return source ? axis.within(places, size) : all;
+    };
+    const PlaceRange columns = reach(placement.x, bounds.left, bounds.right, source ? source->width() : 0);
+    const PlaceRange rows = reach(placement.y, bounds.top, bounds.bottom, source ? source->height() : 0);
+    if (!columns.isEmpty() && !rows.isEmpty()) {
+        placement.visible = {static_cast<std::int32_t>(columns.begin), static_cast<std::int32_t>(rows.begin),
+                             static_cast<std::int32_t>(columns.end), static_cast<std::int32_t>(rows.end)};
+    }
+    return placement;
+}
+
+RECT sourceArea(const Placement& placement, const Bitmap& source) {
+    const auto within = [](std::int64_t place, int size) {
+        return static_cast<std::int32_t>(std::clamp<std::int64_t>(place, 0, size));
+    };
+    return {within(placement.x.source().begin, source.width()), within(placement.y.source().begin, source.height()),
+            within(placement.x.source().end, source.width()), within(placement.y.source().end, source.height())};
+}
+
+/// A bitmap of its own with an area of another.
+std::shared_ptr<Bitmap> cutOut(const Bitmap& source, const RECT& area) {
+    auto result = Bitmap::create({.width = area.right - area.left,
+                                  .height = area.bottom - area.top,
+                                  .bitsPerPixel = source.bitsPerPixel(),
+                                  .isSection = source.isSection(),
+                                  .masks = source.masks(),
+                                  .colors = {source.colors().begin(), source.colors().end()}});
+    if (result) {
+        std::vector<Pixel> row(static_cast<std::size_t>(result->width()));
+        for (int y = 0; y < result->height(); ++y) {
+            source.read(area.left, area.top + y, row);
+            result->write(0, y, row);
+        }
+    }
+    return result;
+}
+
+/// True if pixels go from one to the other as they are, a whole number of bytes each.
+bool haveSameLayout(const Bitmap& a, const Bitmap& b) {
+    return a.bitsPerPixel() == b.bitsPerPixel() && a.bitsPerPixel() >= 8 && a.masks() == b.masks() &&
+           std::ranges::equal(a.colors(), b.colors());
+}
+
+/// Copies an area whose pixels are all there. The bitmaps may be the same.
+void moveBytes(Bitmap& target, const Box& box, const Bitmap& source, POINT distance) {
+    const std::size_t pixelBytes = static_cast<std::size_t>(target.bitsPerPixel()) / 8;
+    const std::size_t size = widthOf(box) * pixelBytes;
+    const auto to = [&](int y) { return target.row(y) + static_cast<std::size_t>(box.x1) * pixelBytes; };
+    const auto from = [&](int y) {
+        return source.row(y + distance.y) + static_cast<std::size_t>(box.x1 + distance.x) * pixelBytes;
+    };
+    if (target.stride() == source.stride() && size == target.rowBytes()) {
+        const int first = target.stride() > 0 ? box.y1 : box.y2 - 1;
+        std::memmove(to(first), from(first), size * static_cast<std::size_t>(box.y2 - box.y1));
+        return;
+    }
+    const bool isDownwards = distance.y > 0;
+    for (int i = box.y1; i < box.y2; ++i) {
+        const int y = isDownwards ? i : box.y2 - 1 - (i - box.y1);
+        std::memmove(to(y), from(y), size);
+    }
+}
+
+/// Gives rows of the target to be changed, as plain pixels.
+class TargetRows {
+public:
+    explicit TargetRows(Bitmap& bitmap) : bitmap_(bitmap) {}
+
+    template <class Change> void change(int x, int y, std::size_t count, bool isRead, Change change) {
+        if (bitmap_.isPlain()) {
+            change(bitmap_.pixels(y) + x);
+            return;
+        }
+        row_.resize(count);
+        if (isRead) {
+            bitmap_.read(x, y, row_);
+        }
+        change(row_.data());
+        bitmap_.write(x, y, row_);
+    }
+
+private:
+    Bitmap& bitmap_;
+    std::vector<Pixel> row_;
+};
+
+/// A copy row by row, of any kind.
+class RowCopy {
+public:
+    RowCopy(Bitmap& target, const ImageCopy& copy, const Placement& placement, const Bitmap* source, bool isWithin)
+        : target_(target), copy_(copy), isRaster_(copy.kind == Kind::raster), hasPaint_(isRaster_ && usesPattern(copy.rop)),
+          isUpwards_(isWithin && placement.distance().y < 0), paint_(copy.paint, target.isMonochrome()) {
+        if (source) {
+            source_.emplace(copy, placement.x, placement.y, placement.visible.left, placement.visible.right,
+                            isRaster_ && target.isMonochrome(), isWithin);
+        }
+    }
+
+    void copy(const Box& box) {
+        for (int i = box.y1; i < box.y2; ++i) {
+            const int y = isUpwards_ ? box.y2 - 1 - (i - box.y1) : i;
+            const Pixel* const source = source_ ? source_->row(y, box.x1, box.x2) : nullptr;
+            const bool isRead = !isRaster_ || usesTarget(copy_.rop) || (hasPaint_ && paint_.hasHoles());
+            target_.change(box.x1, y, widthOf(box), isRead,
+                           [&](Pixel* pixels) { change(pixels, source, box.x1, y, widthOf(box)); });
+        }
+    }
+
+private:
+    void change(Pixel* pixels, const Pixel* source, int x, int y, std::size_t count) {
+        switch (copy_.kind) {
+        case Kind::transparent:
+            copyKeyed(toPixel(copy_.transparentColor), pixels, source, count);
+            break;
+        case Kind::blend:
+            (copy_.blend.AlphaFormat == platform::AC_SRC_ALPHA ? layOver : mix)(copy_.blend.SourceConstantAlpha, pixels, source,
+                                                                                count);
+            break;
+        default:
+            combineRow(pixels, source, x, y, count);
+        }
+    }
+
+    void combineRow(Pixel* pixels, const Pixel* source, int x, int y, std::size_t count) {
+        const Pixel* const pattern = hasPaint_ ? paint_.row(x, y, count) : nullptr;
+        if (!hasPaint_ || !paint_.hasHoles()) {
+            combine(truthTable(copy_.rop), pixels, source, pattern, count);
+            return;
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            if (!paint_.isHole(x + static_cast<int>(i), y)) {
+                combine(truthTable(copy_.rop), pixels + i, source ? source + i : nullptr, pattern + i, 1);
+            }
+        }
+    }
+
+    TargetRows target_;
+    const ImageCopy& copy_;
+    const bool isRaster_;
+    const bool hasPaint_;
+    const bool isUpwards_;
+    PaintRows paint_;
+    std::optional<SourceRows> source_;
+};
+
+bool copyVisible(Bitmap& target, const ImageCopy& copy, const Bitmap* source, const Placement& placement, const Region& visible) {
+    const auto boxes = visible.boxes();
+    const bool isWithin = source == &target && !isEmpty(intersection(sourceArea(placement, target), placement.visible));
+    if (isWithin && (boxes.size() > 1 || !placement.isShift())) {
+        const RECT area = sourceArea(placement, target);
+        ImageCopy detached = copy;
+        detached.source = cutOut(target, area);
+        detached.area.x -= area.left;
+        detached.area.y -= area.top;
+        return detached.source && copyPixels(target, detached, visible);
+    }
+    const bool isPlainCopy = copy.kind == Kind::raster && truthTable(copy.rop) == truthTable(platform::SRCCOPY);
+    if (source && isPlainCopy && placement.isShift() && haveSameLayout(target, *source)) {
+        for (const Box& box : boxes) {
+            moveBytes(target, box, *source, placement.distance());
+        }
+        return true;
+    }
+    RowCopy rows(target, copy, placement, source, isWithin);
+    for (const Box& box : boxes) {
+        rows.copy(box);
+    }
+    return true;
+}
+
+} // namespace
+
+bool copyPixels(Bitmap& target, const ImageCopy& copy, const Region& clip) {
+    const bool isRaster = copy.kind == Kind::raster;
+    const Bitmap* const source = !isRaster || usesSource(copy.rop) ? copy.source.get() : nullptr;
+    if (!source && (!isRaster || usesSource(copy.rop))) {
+        return false;
+    }
+    if (isRaster && usesPattern(copy.rop) && copy.paint.brush.style == platform::BS_NULL) {
+        return true;
+    }
+    const Placement placement = placementOf(copy, source, intersection(target.bounds(), clip.bounds()));
+    if (isEmpty(placement.visible)) {
+        return true;
+    }
+    Region visible(clip);
+    visible.intersect(placement.visible);
+    return copyVisible(target, copy, source, placement, visible);
 }
 
 } // namespace mox::host
