@@ -62,6 +62,7 @@ public:
     /// Another one with the same pixels; null if there is no memory.
     std::shared_ptr<Bitmap> copy() const;
 
+    const BitmapFormat& format() const noexcept { return format_; }
     int width() const noexcept { return format_.width; }
     int height() const noexcept { return format_.height; }
     platform::RECT bounds() const noexcept { return {0, 0, format_.width, format_.height}; }

@@ -17,9 +17,9 @@ class Typeface;
 
 /// With what an area is filled.
 struct Paint {
-    Brush brush;
+    Brush brush{};
     /// Of patterns and hatches, in device pixels.
-    POINT origin;
+    POINT origin{};
     std::int32_t rop2 = platform::R2_COPYPEN;
     /// Colours of a monochrome pattern's 0 and 1; the second is also the ground of hatches, unless they are transparent.
     platform::COLORREF textColor = 0;
@@ -29,7 +29,7 @@ struct Paint {
 
 /// With what an outline is drawn. Widths in device pixels.
 struct Stroke {
-    Pen pen;
+    Pen pen{};
     std::int32_t rop2 = platform::R2_COPYPEN;
     /// Between the dashes, unless transparent.
     platform::COLORREF backColor = 0xFFFFFF;
@@ -102,8 +102,12 @@ public:
 
     virtual bool fill(const Region& area, const Paint& paint, const Region& clip) = 0;
     virtual bool fill(const Path& path, FillRule rule, const Paint& paint, const Region& clip) = 0;
+    /// One rectangle, which may be empty.
+    virtual bool fillBox(const RECT& box, const Paint& paint, const Region& clip) { return fill(Region(box), paint, clip); }
     /// Lines leave out their last point unless the figure is closed, as one-pixel lines of a device do.
     virtual bool stroke(const Path& path, const Stroke& stroke, const Region& clip) = 0;
+    /// One line, without its last point.
+    virtual bool line(POINT from, POINT to, const Stroke& stroke, const Region& clip);
     virtual bool copy(const ImageCopy& copy, const Region& clip) = 0;
     virtual bool text(const TextRun& run, const Region& clip) = 0;
     /// `CLR_INVALID` if there are no pixels, or not there.

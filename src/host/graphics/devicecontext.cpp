@@ -11,10 +11,11 @@ namespace mox::host {
 
 namespace {
 
+/// Far beyond every surface, and far enough from the ends of the numbers that sums of two do not wrap.
+constexpr std::int32_t farthest = 1 << 28;
+
 std::int32_t rounded(double value) {
-    // Far beyond every surface, and far enough from the ends of the numbers that sums of two do not wrap.
-    constexpr double most = 1 << 28;
-    return static_cast<std::int32_t>(std::floor(std::clamp(value, -most, most) + 0.5));
+    return static_cast<std::int32_t>(std::floor(std::clamp<double>(value, -farthest, farthest) + 0.5));
 }
 
 double ratio(std::int32_t extent, std::int32_t of) {
@@ -55,7 +56,15 @@ Transform DeviceContext::toDevice() const {
     return state_.world.then(page);
 }
 
+bool DeviceContext::countsPixels() const {
+    return state_.windowOrigin == POINT() && state_.viewportOrigin == POINT() && state_.windowExtent == state_.viewportExtent &&
+           state_.world.isIdentity();
+}
+
 POINT DeviceContext::toDevice(POINT point) const {
+    if (countsPixels()) {
+        return {std::clamp(point.x, -farthest, farthest), std::clamp(point.y, -farthest, farthest)};
+    }
     const PathPoint exact = toDevicePoint({static_cast<double>(point.x), static_cast<double>(point.y)});
     return {rounded(exact.x), rounded(exact.y)};
 }
@@ -68,6 +77,9 @@ SignedRect DeviceContext::toDevice(const SignedRect& area) const {
 }
 
 double DeviceContext::toDeviceLength(double length) const {
+    if (countsPixels()) {
+        return std::abs(length);
+    }
     const Transform transform = toDevice();
     return std::abs(length) * std::hypot(transform.m11, transform.m12);
 }

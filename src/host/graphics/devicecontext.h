@@ -135,6 +135,9 @@ public:
                             std::span<const std::int32_t> distances);
 
 private:
+    /// True if logical units are pixels from the corner, as they mostly are.
+    bool countsPixels() const;
+
     Graphics& graphics_;
     const Kind kind_;
     const std::shared_ptr<const Device> device_;

@@ -5,6 +5,14 @@
 
 namespace mox::host {
 
+PathPoint bounded(PathPoint point) noexcept {
+    const auto coordinate = [](double value) {
+        constexpr double most = 1 << 28;
+        return std::isnan(value) ? 0 : std::clamp(value, -most, most);
+    };
+    return {coordinate(point.x), coordinate(point.y)};
+}
+
 void Path::moveTo(PathPoint point) {
     verbs_.push_back(Verb::move);
     points_.push_back(point);

@@ -17,6 +17,9 @@ struct PathPoint {
     bool operator==(const PathPoint&) const = default;
 };
 
+/// The same, or the nearest one within 2^28 pixels, far beyond every surface; coordinates that are no numbers count as 0.
+PathPoint bounded(PathPoint point) noexcept;
+
 /// Figures of lines and of curves with two control points.
 class MOX_API Path {
 public:

@@ -19,6 +19,14 @@ bool RasterCanvas::stroke(const Path& path, const Stroke& stroke, const Region& 
     return strokePath(*bitmap_, path, stroke, clip);
 }
 
+bool RasterCanvas::fillBox(const RECT& box, const Paint& paint, const Region& clip) {
+    return host::fillBox(*bitmap_, box, paint, clip);
+}
+
+bool RasterCanvas::line(POINT from, POINT to, const Stroke& stroke, const Region& clip) {
+    return strokeLine(*bitmap_, from, to, stroke, clip);
+}
+
 bool RasterCanvas::copy(const ImageCopy& copy, const Region& clip) {
     return copyPixels(*bitmap_, copy, clip);
 }

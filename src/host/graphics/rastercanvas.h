@@ -15,7 +15,9 @@ public:
     std::shared_ptr<Bitmap> bitmap() const override { return bitmap_; }
     bool fill(const Region& area, const Paint& paint, const Region& clip) override;
     bool fill(const Path& path, FillRule rule, const Paint& paint, const Region& clip) override;
+    bool fillBox(const RECT& box, const Paint& paint, const Region& clip) override;
     bool stroke(const Path& path, const Stroke& stroke, const Region& clip) override;
+    bool line(POINT from, POINT to, const Stroke& stroke, const Region& clip) override;
     bool copy(const ImageCopy& copy, const Region& clip) override;
     bool text(const TextRun& run, const Region& clip) override;
     platform::COLORREF pixel(POINT point) const override;

@@ -4,21 +4,10 @@
 
 namespace mox::host {
 
-Region::Region(const RECT& area) noexcept {
-    if (host::isEmpty(area)) {
-        pixman_region32_init(&region_);
-    } else {
-        const pixman_box32_t box{area.left, area.top, area.right, area.bottom};
-        pixman_region32_init_with_extents(&region_, const_cast<pixman_box32_t*>(&box));
-    }
-}
-
-RECT Region::bounds() const noexcept {
-    const pixman_box32_t* const box = pixman_region32_extents(raw());
-    return {box->x1, box->y1, box->x2, box->y2};
-}
-
 std::span<const pixman_box32_t> Region::boxes() const noexcept {
+    if (isOneBox()) {
+        return {&region_.extents, 1};
+    }
     int count = 0;
     const pixman_box32_t* const boxes = pixman_region32_rectangles(raw(), &count);
     return {boxes, static_cast<std::size_t>(count)};
