@@ -4,6 +4,7 @@
 #include "core/moxControls.h"
 #include "core/moxHub.h"
 #include "core/moxHubGlobal.h"
+#include "drawing/moxBitmapFilter.h"
 #include "drawing/moxColors.h"
 #include "drawing/moxDrawing.h"
 #include "drawing/moxFont.h"
@@ -57,12 +58,12 @@ constexpr ClassEntry classTable[] = {
     {description::moxOffscreenBuffer, &make<moxOffscreenBuffer>},
     {description::moxScreenShot, &make<moxScreenShot>},
     {description::moxDrawing, &make<moxDrawing>},
+    {description::moxBitmapFilter, &make<moxBitmapFilter>},
     {description::moxFont, &make<moxFont>},
     {description::moxFontEnumeration, &make<moxFontEnumeration>},
     // Described, but without code yet: whoever asks for one gets error 445.
     {description::moxPrinters, nullptr},
     {description::moxPrinter, nullptr},
-    {description::moxBitmapFilter, nullptr},
     {description::moxForm, nullptr},
     {description::moxMouseEvents, nullptr},
     {description::moxCommonDialog, nullptr},

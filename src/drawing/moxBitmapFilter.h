@@ -4,6 +4,8 @@
 
 #include "drawing/pixelroutines/pixelwork.h"
 
+#include <functional>
+
 namespace mox::server {
 
 using namespace TRL_OBKR_MOX;
@@ -27,8 +29,10 @@ public:
     Picture RGB(MoxRuntime::IPictureDisp* inPicture, Byte RedOffset, Byte GreenOffset, Byte BlueOffset, Boolean Overlap) noexcept;
 
 private:
-    /// The road of every filter: reads the pixels, lets `routine` write those of the new picture.
-    template <class Routine> Picture filtered(MoxRuntime::IPictureDisp* picture, Routine routine) noexcept;
+    using Routine = std::function<void(const PixelWork&)>;
+
+    /// The road of every filter: reads the pixels, lets `routine` write those of the new picture. Nothing without a routine.
+    Picture filtered(MoxRuntime::IPictureDisp* picture, const Routine& routine) noexcept;
 };
 
 } // namespace mox::server

@@ -120,8 +120,8 @@ public:
     MOX_AVX2_INLINE explicit Lookup(const ByteTable& table) {
         for (std::size_t row = 0; row < std::size(rows_); ++row) {
             const __m128i values = _mm_loadu_si128(reinterpret_cast<const __m128i*>(&table[row * 16]));
-            const __m128i before = row % 8 == 0 ? _mm_setzero_si128()
-                                                : _mm_loadu_si128(reinterpret_cast<const __m128i*>(&table[(row - 1) * 16]));
+            const __m128i before =
+                row % 8 == 0 ? _mm_setzero_si128() : _mm_loadu_si128(reinterpret_cast<const __m128i*>(&table[(row - 1) * 16]));
             rows_[row] = _mm256_broadcastsi128_si256(_mm_xor_si128(values, before));
         }
     }

@@ -3,6 +3,7 @@
 #include "drawing/pixelroutines/avx2.h"
 #include "drawing/pixelroutines/tablepass.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace mox::server {
@@ -50,21 +51,16 @@ MOX_AVX2 void brightnessVectors(const PixelWork& work, Line line) {
 
 } // namespace
 
-bool brightness(const PixelWork& work, Integer factor, Vectors vectors) {
-    constexpr int most = 255;
-    if (factor > most) {
-        return false;
-    }
-    const int kept = std::max<int>(factor, -most);
-    const Line line{kept < 0 ? 1u : static_cast<std::uint32_t>(kept), static_cast<std::uint32_t>(most - std::abs(kept))};
+void brightness(const PixelWork& work, Integer factor, Vectors vectors) {
+    const int kept = std::clamp<int>(factor, -mostBrightness, mostBrightness);
+    const Line line{kept < 0 ? 1u : static_cast<std::uint32_t>(kept),
+                    static_cast<std::uint32_t>(mostBrightness - std::abs(kept))};
 #if defined(__x86_64__)
     if (vectors >= Vectors::avx2) {
-        brightnessVectors(work, line);
-        return true;
+        return brightnessVectors(work, line);
     }
 #endif
     applyTable(work, tableOf(line), vectors);
-    return true;
 }
 
 } // namespace mox::server

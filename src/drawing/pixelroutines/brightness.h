@@ -4,7 +4,9 @@
 
 namespace mox::server {
 
-/// Darker below 0, brighter above; below -255 counts as -255. False, and nothing done, for 256 and more.
-bool brightness(const PixelWork& work, Integer factor, Vectors vectors = bestVectors());
+/// The largest factor that there is.
+inline constexpr Integer mostBrightness = 255;
+/// Darker below 0, brighter above, up to `mostBrightness`; below -255 counts as -255. Copies the fourth byte.
+void brightness(const PixelWork& work, Integer factor, Vectors vectors = bestVectors());
 
 } // namespace mox::server

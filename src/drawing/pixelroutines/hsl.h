@@ -8,7 +8,7 @@ namespace mox::server {
 
 /// What `hsl` sets; what is absent stays as each pixel has it.
 struct HslChange {
-    /// 0 is red, 85 green, 170 blue, 255 red again.
+    /// 0 is red, 85 blue, 170 green, 255 red again.
     std::optional<Byte> hue;
     /// 0 is grey.
     std::optional<Byte> saturation;

@@ -39,8 +39,7 @@ HslSettings::HslSettings(const HslChange& change) {
 HslRange hslRange(const HslSettings& settings, int most, int least) {
     const int sum = most + least;
     const int room = sum < 255 ? sum : 510 - sum;
-    const std::int64_t saturation =
-        settings.saturation ? *settings.saturation : room == 0 ? 0 : (most - least) * hslOne / room;
+    const std::int64_t saturation = settings.saturation ? *settings.saturation : room == 0 ? 0 : (most - least) * hslOne / room;
     std::int64_t lightness = sum * (hslOne / 2) / 255;
     if (settings.factor) {
         lightness = lightness * *settings.factor / hslOne;

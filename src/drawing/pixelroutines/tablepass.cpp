@@ -12,9 +12,7 @@ namespace {
 struct Colors256 {
     avx2::Lookup table;
 
-    MOX_AVX2_INLINE __m256i operator()(__m256i pixels, std::size_t) const {
-        return avx2::withFourthBytes(table(pixels), pixels);
-    }
+    MOX_AVX2_INLINE __m256i operator()(__m256i pixels, std::size_t) const { return avx2::withFourthBytes(table(pixels), pixels); }
 };
 
 MOX_AVX2 void applyTable256(const PixelWork& work, const ByteTable& table) {
