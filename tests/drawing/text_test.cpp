@@ -22,19 +22,19 @@ protected:
     template <class Draw> std::vector<TextCall> calls(Draw&& draw) {
         std::vector<TextCall> result;
         auto& user32 = machine->user32;
-        auto watch = user32.DrawTextA.replace(
-            [&](platform::Handle hdc, std::span<char> buffer, std::int32_t length, platform::RECT& area, std::uint32_t format) {
-                result.push_back({std::string(buffer.data(), buffer.size()), length, area, format,
-                                  machine->gdi32.GetTextColor(hdc), machine->gdi32.GetBkMode(hdc)});
-                if ((format & platform::DT_MODIFYSTRING) != 0 && buffer.size() >= 6) {
-                    std::ranges::copy(std::string_view("ab...\0", 6), buffer.begin());
-                }
-                if ((format & platform::DT_CALCRECT) != 0) {
-                    area.right = area.left + 33;
-                    area.bottom = area.top + 11;
-                }
-                return 11;
-            });
+        auto watch = user32.DrawTextA.replace([&](platform::Handle context, std::span<char> buffer, std::int32_t length,
+                                                  platform::RECT& area, std::uint32_t format) {
+            result.push_back({std::string(buffer.data(), buffer.size()), length, area, format,
+                              machine->gdi32.GetTextColor(context), machine->gdi32.GetBkMode(context)});
+            if ((format & platform::DT_MODIFYSTRING) != 0 && buffer.size() >= 6) {
+                std::ranges::copy(std::string_view("ab...\0", 6), buffer.begin());
+            }
+            if ((format & platform::DT_CALCRECT) != 0) {
+                area.right = area.left + 33;
+                area.bottom = area.top + 11;
+            }
+            return 11;
+        });
         draw();
         return result;
     }
