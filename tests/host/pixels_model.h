@@ -51,8 +51,8 @@ struct ModelAxis {
         }
         return places;
     }
-    /// What would be left out, and what stays.
-    std::vector<std::int64_t> merged(std::int64_t place) const {
+    /// What would be left out, and what stays, as far as it is there; the centre's if nothing is.
+    std::vector<std::int64_t> merged(std::int64_t place, std::int64_t size) const {
         std::vector<std::int64_t> places;
         for (std::int64_t source = 0; source < sourceCount(); ++source) {
             // The last place of the target whose share begins at or before this one's.
@@ -60,11 +60,12 @@ struct ModelAxis {
             for (std::int64_t i = 0; i < count(); ++i) {
                 owner = i * sourceCount() / count() <= source ? i : owner;
             }
-            if (owner == index(place)) {
-                places.push_back(sourceFirst() + source);
+            const std::int64_t at = sourceFirst() + source;
+            if (owner == index(place) && at >= 0 && at < size) {
+                places.push_back(at);
             }
         }
-        return sourceCount() > count() ? places : std::vector{centre(place)};
+        return sourceCount() > count() && !places.empty() ? places : std::vector{centre(place)};
     }
 };
 
@@ -110,11 +111,9 @@ private:
         if (isStretched && copy_.kind == Kind::raster && isMerging) {
             const bool isAnd = copy_.stretchMode == platform::BLACKONWHITE;
             host::Pixel result = isAnd ? 0xFFFFFFFF : 0;
-            for (const std::int64_t row : y_.merged(y)) {
-                for (const std::int64_t column : x_.merged(x)) {
-                    if (source_.has(column, row)) {
-                        result = isAnd ? result & source_.at(column, row) : result | source_.at(column, row);
-                    }
+            for (const std::int64_t row : y_.merged(y, source_.height)) {
+                for (const std::int64_t column : x_.merged(x, source_.width)) {
+                    result = isAnd ? result & source_.at(column, row) : result | source_.at(column, row);
                 }
             }
             return result;

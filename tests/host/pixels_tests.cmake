@@ -1,1 +1,1 @@
-set(HOST_PIXELS_TESTS pixels_bitmaps_test.cpp pixels_copies_test.cpp pixels_loops_test.cpp)
+set(HOST_PIXELS_TESTS pixels_bitmaps_test.cpp pixels_contexts_test.cpp pixels_copies_test.cpp pixels_loops_test.cpp)

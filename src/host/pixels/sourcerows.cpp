@@ -78,13 +78,16 @@ void SourceRows::takeNearest(int y, int left, int right) {
 
 template <class Operation> void SourceRows::takeMerged(int y, int left, int right, Operation operation) {
     constexpr std::int64_t most = 512;
-    const auto inside = [](PlaceRange places, int size) {
-        return PlaceRange{std::max<std::int64_t>(places.begin, 0), std::min<std::int64_t>(places.end, size)};
+    // At the edge of the source the places to be merged may be outside, though the nearest one is not.
+    const auto inside = [](const CopyAxis& axis, int place, int size) {
+        const PlaceRange all = axis.merged(place);
+        const PlaceRange places{std::max<std::int64_t>(all.begin, 0), std::min<std::int64_t>(all.end, size)};
+        return places.isEmpty() ? PlaceRange{axis.nearest(place), axis.nearest(place) + 1} : places;
     };
-    const PlaceRange rows = inside(y_.merged(y), source_.height());
+    const PlaceRange rows = inside(y_, y, source_.height());
     for (std::int64_t from = rows.begin; from < rows.end; ++from) {
         eachColumn(left, right, [&](int place) {
-            const PlaceRange columns = inside(x_.merged(place), source_.width());
+            const PlaceRange columns = inside(x_, place, source_.width());
             std::optional<Pixel> result;
             if (from != rows.begin) {
                 result = row_[static_cast<std::size_t>(place - left)];
