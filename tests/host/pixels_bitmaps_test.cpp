@@ -379,7 +379,7 @@ TEST_F(PixelsBitmapsTest, copiesThroughContexts) {
     EXPECT_FALSE(gdi.BitBlt(0, 0, 0, 1, 1, hdc, 0, 0, SRCCOPY));
     EXPECT_FALSE(gdi.BitBlt(other, 0, 0, 1, 1, 4711, 0, 0, SRCCOPY));
     EXPECT_TRUE(gdi.BitBlt(other, 0, 0, 8, 6, 0, 0, 0, WHITENESS));
-    EXPECT_EQ(target->pixels(5)[7], 0xFFFFFFFF);
+    EXPECT_EQ(target->pixels(5)[7], 0xFFFFFFU);
     for (const Handle context : {hdc, other}) {
         EXPECT_NE(gdi.SelectObject(context, first), 0);
     }

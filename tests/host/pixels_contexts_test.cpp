@@ -131,7 +131,7 @@ TEST_F(PixelsContextsTest, copiesInTheUnitsOfEachContext) {
     EXPECT_EQ(to.row(4), (Row{5, 5, 6, 6, 0, 0, 0, 0}));
     to.state().clip = host::Region(host::RECT{0, 0, 1, 8});
     EXPECT_TRUE(gdi.BitBlt(to.hdc(), 0, 0, 4, 4, 0, 0, 0, WHITENESS));
-    EXPECT_EQ(to.row(7), (Row{0xFFFFFFFF, 1, 2, 2, 0, 0, 0, 0}));
+    EXPECT_EQ(to.row(7), (Row{0xFFFFFF, 1, 2, 2, 0, 0, 0, 0}));
     // Turned contexts are not copied between.
     from.state().world = {0, 1, -1, 0, 0, 0};
     EXPECT_FALSE(gdi.BitBlt(to.hdc(), 0, 0, 2, 2, from.hdc(), 0, 0, SRCCOPY));
@@ -282,7 +282,7 @@ TEST(PixelsFaultsTest, leaveNothingOpen) {
         const bool isFilled = gdi.BitBlt(hdc, 0, 0, 4, 4, 0, 0, 0, WHITENESS);
         std::vector<std::byte> got(64);
         const std::int32_t rows = gdi.GetDIBits(hdc, section, 0, 4, got, info, DIB_RGB_COLORS);
-        EXPECT_TRUE(run.faulted() || (isFilled && rows == 4 && got[63] == std::byte{0xFF}));
+        EXPECT_TRUE(run.faulted() || (isFilled && rows == 4 && got[62] == std::byte{0xFF}));
         EXPECT_TRUE(rows == 4 || got == std::vector<std::byte>(64));
         gdi.SelectObject(hdc, before);
         gdi.DeleteDC(hdc);

@@ -52,6 +52,40 @@ TEST(PixelsLoopsTest, combineAsBitByBit) {
     }
 }
 
+TEST(PixelsLoopsTest, paintOverTheColours) {
+    for (unsigned table = 0; table < 256; ++table) {
+        const auto operation = static_cast<std::uint8_t>(table);
+        if (usesSource(table << 16)) {
+            continue;
+        }
+        expectSame(
+            "paintOver",
+            [&](Operands& o, unsigned from, unsigned count) {
+                paintOver(operation, &o.target[from], usesPattern(table << 16) ? &o.pattern[from] : nullptr, count);
+            },
+            [&](const Operands& o, unsigned i) {
+                return (combined(operation, o.pattern[i], 0, o.target[i]) & 0xFFFFFF) | (o.target[i] & 0xFF000000);
+            });
+    }
+}
+
+TEST(PixelsLoopsTest, takeMeansToTheNearest) {
+    for (const std::uint32_t whole : {1U, 2U, 3U, 7U, 255U, 4096U, 65537U, 8000000U}) {
+        std::mt19937 random(whole);
+        std::vector<std::uint32_t> totals{0, whole / 2, whole, 255 * whole};
+        for (std::uint32_t i = 0; i < 255; ++i) {
+            totals.push_back(i * whole + whole / 2);
+            totals.push_back(i * whole + (whole - 1) / 2);
+            totals.push_back(static_cast<std::uint32_t>(random() % (255ULL * whole + 1)));
+        }
+        std::vector<std::uint8_t> bytes(totals.size());
+        toMeans(whole, bytes.data(), totals.data(), totals.size());
+        for (std::size_t i = 0; i < totals.size(); ++i) {
+            ASSERT_EQ(bytes[i], (2ULL * totals[i] + whole) / (2ULL * whole)) << totals[i] << " / " << whole;
+        }
+    }
+}
+
 TEST(PixelsLoopsTest, copyAllButOneColour) {
     expectSame(
         "copyKeyed",

@@ -165,7 +165,16 @@ private:
         if (target_.isMonochrome() && !copy_.source->isMonochrome()) {
             source = (source & 0xFFFFFF) == host::toPixel(copy_.sourceBackColor) ? 0xFFFFFF : 0;
         }
-        const host::Pixel operand = pattern(x, y);
+        const host::Pixel operand = raw(pattern(x, y));
+        const host::Pixel result = combined(operand, raw(source), raw(before));
+        const bool isSourceless = (copy_.rop >> 18 & 0x33) == (copy_.rop >> 16 & 0x33);
+        if (target_.isPlain() && isSourceless) {
+            return (result & 0xFFFFFF) | (before & 0xFF000000);
+        }
+        return fromRaw(result);
+    }
+
+    host::Pixel combined(host::Pixel operand, host::Pixel source, host::Pixel before) const {
         host::Pixel result = 0;
         for (int bit = 0; bit < 32; ++bit) {
             const unsigned place = (operand >> bit & 1) * 4 + (source >> bit & 1) * 2 + (before >> bit & 1);
@@ -192,15 +201,37 @@ private:
         return result;
     }
 
+    std::shared_ptr<host::Bitmap> onePixel() const {
+        return host::Bitmap::create({.width = 1,
+                                     .height = 1,
+                                     .bitsPerPixel = target_.bitsPerPixel(),
+                                     .isSection = target_.isSection(),
+                                     .masks = target_.masks(),
+                                     .colors = {target_.colors().begin(), target_.colors().end()}});
+    }
     /// As the target's format keeps it.
     host::Pixel stored(host::Pixel pixel) const {
-        const auto one = host::Bitmap::create({.width = 1,
-                                               .height = 1,
-                                               .bitsPerPixel = target_.bitsPerPixel(),
-                                               .isSection = target_.isSection(),
-                                               .masks = target_.masks(),
-                                               .colors = {target_.colors().begin(), target_.colors().end()}});
+        const auto one = onePixel();
         one->write(0, 0, {&pixel, 1});
+        one->read(0, 0, {&pixel, 1});
+        return pixel;
+    }
+    /// The bytes of a pixel as a number.
+    host::Pixel raw(host::Pixel pixel) const {
+        const auto one = onePixel();
+        one->write(0, 0, {&pixel, 1});
+        host::Pixel number = 0;
+        for (int i = 0; i < std::max(1, target_.bitsPerPixel() / 8); ++i) {
+            number |= std::to_integer<host::Pixel>(one->row(0)[i]) << (8 * i);
+        }
+        return number;
+    }
+    host::Pixel fromRaw(host::Pixel number) const {
+        const auto one = onePixel();
+        for (int i = 0; i < std::max(1, target_.bitsPerPixel() / 8); ++i) {
+            one->row(0)[i] = static_cast<std::byte>(number >> (8 * i));
+        }
+        host::Pixel pixel = 0;
         one->read(0, 0, {&pixel, 1});
         return pixel;
     }

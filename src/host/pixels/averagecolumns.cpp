@@ -1,5 +1,7 @@
 #include "host/pixels/averagecolumns.h"
 
+#include "host/pixels/pixelloops.h"
+
 #include <algorithm>
 #include <bit>
 #include <numeric>
@@ -24,6 +26,9 @@ AverageColumns::AverageColumns(SourcePixels& source, const CopyAxis& x, const Co
     for (int place = left; place < right; ++place) {
         columns_.push_back(coverOf(x_, place, source_.width()));
     }
+    const std::uint64_t first = columns_.front().total();
+    const bool isCommon = std::ranges::all_of(columns_, [&](const Cover& cover) { return cover.total() == first; });
+    commonTotal_ = isCommon ? first : 0;
 }
 
 AverageColumns::Cover AverageColumns::coverOf(const CopyAxis& axis, std::int64_t place, int size) {
@@ -50,18 +55,19 @@ AverageColumns::Cover AverageColumns::coverOf(const CopyAxis& axis, std::int64_t
     return cover;
 }
 
-AverageColumns::Sums AverageColumns::sumOf(const Cover& cover, int y) {
+AverageColumns::Sums AverageColumns::sumOf(const Cover& cover, int y, const Pixel* direct) {
     std::uint64_t even = 0;
     std::uint64_t odd = 0;
+    const auto pixelsAt = [&](int x, int count) { return direct ? direct + x : source_.at(x, y, count); };
     const auto add = [&](Pixel pixel, std::uint64_t weight) {
         even += evenBytes(pixel) * weight;
         odd += oddBytes(pixel) * weight;
     };
-    add(*source_.at(cover.begin, y, 1), cover.first);
+    add(*pixelsAt(cover.begin, 1), cover.first);
     constexpr int most = 512;
     for (int place = cover.begin + 1; place < cover.end - 1;) {
         const int count = std::min(cover.end - 1 - place, most);
-        const Pixel* const pixels = source_.at(place, y, count);
+        const Pixel* const pixels = pixelsAt(place, count);
         std::uint64_t evenSum = 0;
         std::uint64_t oddSum = 0;
         for (int i = 0; i < count; ++i) {
@@ -73,17 +79,18 @@ AverageColumns::Sums AverageColumns::sumOf(const Cover& cover, int y) {
         place += count;
     }
     if (cover.end - cover.begin > 1) {
-        add(*source_.at(cover.end - 1, y, 1), cover.last);
+        add(*pixelsAt(cover.end - 1, 1), cover.last);
     }
     return {static_cast<std::uint32_t>(even), static_cast<std::uint32_t>(odd), static_cast<std::uint32_t>(even >> 32),
             static_cast<std::uint32_t>(odd >> 32)};
 }
 
-const AverageColumns::SumRow& AverageColumns::sumsOf(int y, int left, int right) {
+const std::vector<AverageColumns::Sums>& AverageColumns::sumsOf(int y, int left, int right) {
     SumRow& row = rows_[static_cast<std::size_t>(y & 1)];
     if (row.y != y || row.left != left || row.right != right) {
         const auto count = static_cast<std::size_t>(right - left);
         const Cover* const columns = columns_.data() + (left - left_);
+        const Pixel* const direct = source_.isDirect() ? source_.at(0, y, source_.width()) : nullptr;
         row.y = y;
         row.left = left;
         row.right = right;
@@ -91,18 +98,34 @@ const AverageColumns::SumRow& AverageColumns::sumsOf(int y, int left, int right)
         // In the order of the source's columns.
         for (std::size_t i = 0; i < count; ++i) {
             const std::size_t place = x_.isMirrored() ? count - 1 - i : i;
-            row.sums[place] = sumOf(columns[place], y);
+            row.sums[place] = sumOf(columns[place], y, direct);
         }
     }
-    return row;
+    return row.sums;
 }
 
 void AverageColumns::row(int y, int left, int right, Pixel* pixels) {
     const Cover rows = coverOf(y_, y, source_.height());
+    constexpr std::uint64_t most = 0x7FFFFFFF / 255;
+    const bool isSmall = commonTotal_ != 0 && commonTotal_ <= most / rows.total();
+    isSmall ? smallRow(rows, left, right, pixels) : anyRow(rows, left, right, pixels);
+}
+
+void AverageColumns::smallRow(const Cover& rows, int left, int right, Pixel* pixels) {
+    const std::size_t count = 4 * static_cast<std::size_t>(right - left);
+    smallTotals_.assign(count, 0);
+    for (int row = rows.begin; row < rows.end; ++row) {
+        addWeighted(rows.weight(row), smallTotals_.data(), sumsOf(row, left, right).data()->data(), count);
+    }
+    toMeans(static_cast<std::uint32_t>(commonTotal_ * rows.total()), reinterpret_cast<std::uint8_t*>(pixels), smallTotals_.data(),
+            count);
+}
+
+void AverageColumns::anyRow(const Cover& rows, int left, int right, Pixel* pixels) {
     const auto count = static_cast<std::size_t>(right - left);
     totals_.assign(count, {});
     for (int row = rows.begin; row < rows.end; ++row) {
-        const std::vector<Sums>& sums = sumsOf(row, left, right).sums;
+        const std::vector<Sums>& sums = sumsOf(row, left, right);
         const std::uint64_t weight = rows.weight(row);
         for (std::size_t i = 0; i < count; ++i) {
             for (std::size_t channel = 0; channel < 4; ++channel) {

@@ -42,16 +42,23 @@ private:
     };
 
     static Cover coverOf(const CopyAxis& axis, std::int64_t place, int size);
-    Sums sumOf(const Cover& cover, int y);
-    const SumRow& sumsOf(int y, int left, int right);
+    /// `direct`: the row's pixels if they are at hand, else null.
+    Sums sumOf(const Cover& cover, int y, const Pixel* direct);
+    const std::vector<Sums>& sumsOf(int y, int left, int right);
+    /// By 32 bits: columns of one weight, and totals that fit.
+    void smallRow(const Cover& rows, int left, int right, Pixel* pixels);
+    void anyRow(const Cover& rows, int left, int right, Pixel* pixels);
 
     SourcePixels& source_;
     const CopyAxis x_;
     const CopyAxis y_;
     const int left_;
     std::vector<Cover> columns_;
+    /// The whole weight of each column if all have the same, else 0.
+    std::uint64_t commonTotal_ = 0;
     /// Of the last even and the last odd row: neighbours in the target share rows of the source.
     std::array<SumRow, 2> rows_;
+    std::vector<std::uint32_t> smallTotals_;
     std::vector<std::array<std::uint64_t, 4>> totals_;
 };
 

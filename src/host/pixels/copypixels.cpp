@@ -1,5 +1,6 @@
 #include "host/pixels/copypixels.h"
 
+#include "host/graphics/rawpixels.h"
 #include "host/pixels/copyaxis.h"
 #include "host/pixels/paintrows.h"
 #include "host/pixels/pixelloops.h"
@@ -102,13 +103,16 @@ void moveBytes(Bitmap& target, const Box& box, const Bitmap& source, POINT dista
     }
 }
 
-/// Gives rows of the target to be changed, as plain pixels.
+/// Rows of the target, to be changed.
 class TargetRows {
 public:
-    explicit TargetRows(Bitmap& bitmap) : bitmap_(bitmap) {}
+    explicit TargetRows(Bitmap& bitmap) : bitmap_(bitmap), mask_(rawMask(bitmap)) {}
 
+    bool isPlain() const noexcept { return bitmap_.isPlain(); }
+
+    /// As plain pixels.
     template <class Change> void change(int x, int y, std::size_t count, bool isRead, Change change) {
-        if (bitmap_.isPlain()) {
+        if (isPlain()) {
             change(bitmap_.pixels(y) + x);
             return;
         }
@@ -120,8 +124,32 @@ public:
         bitmap_.write(x, y, row_);
     }
 
+    /// As the numbers that the bitmap holds.
+    template <class Change> void changeRaw(int x, int y, std::size_t count, Change change) {
+        row_.resize(count);
+        std::byte* const row = bitmap_.row(y);
+        const int depth = bitmap_.bitsPerPixel();
+        for (std::size_t i = 0; i < count; ++i) {
+            row_[i] = rawAt(row, depth, x + static_cast<int>(i));
+        }
+        change(row_.data());
+        for (std::size_t i = 0; i < count; ++i) {
+            setRawAt(row, depth, x + static_cast<int>(i), row_[i] & mask_);
+        }
+    }
+    /// What the bitmap would hold for plain pixels; null for null.
+    const Pixel* toRaw(const Pixel* pixels, std::size_t count, std::vector<Pixel>& place) const {
+        if (!pixels) {
+            return nullptr;
+        }
+        place.resize(count);
+        host::toRaw(bitmap_, {pixels, count}, place);
+        return place.data();
+    }
+
 private:
     Bitmap& bitmap_;
+    const std::uint32_t mask_;
     std::vector<Pixel> row_;
 };
 
@@ -141,39 +169,61 @@ public:
         for (int i = box.y1; i < box.y2; ++i) {
             const int y = isUpwards_ ? box.y2 - 1 - (i - box.y1) : i;
             const Pixel* const source = source_ ? source_->row(y, box.x1, box.x2) : nullptr;
-            const bool isRead = !isRaster_ || usesTarget(copy_.rop) || (hasPaint_ && paint_.hasHoles());
-            target_.change(box.x1, y, widthOf(box), isRead,
-                           [&](Pixel* pixels) { change(pixels, source, box.x1, y, widthOf(box)); });
+            if (isRaster_) {
+                combineRow(source, box.x1, y, widthOf(box));
+            } else {
+                target_.change(box.x1, y, widthOf(box), true, [&](Pixel* pixels) { mixRow(pixels, source, widthOf(box)); });
+            }
         }
     }
 
 private:
-    void change(Pixel* pixels, const Pixel* source, int x, int y, std::size_t count) {
-        switch (copy_.kind) {
-        case Kind::transparent:
+    void mixRow(Pixel* pixels, const Pixel* source, std::size_t count) const {
+        if (copy_.kind == Kind::transparent) {
             copyKeyed(toPixel(copy_.transparentColor), pixels, source, count);
-            break;
-        case Kind::blend:
-            (copy_.blend.AlphaFormat == platform::AC_SRC_ALPHA ? layOver : mix)(copy_.blend.SourceConstantAlpha, pixels, source,
-                                                                                count);
-            break;
-        default:
-            combineRow(pixels, source, x, y, count);
+        } else {
+            const auto blend = copy_.blend.AlphaFormat == platform::AC_SRC_ALPHA ? layOver : mix;
+            blend(copy_.blend.SourceConstantAlpha, pixels, source, count);
         }
     }
 
-    void combineRow(Pixel* pixels, const Pixel* source, int x, int y, std::size_t count) {
+    void combineRow(const Pixel* source, int x, int y, std::size_t count) {
         const Pixel* const pattern = hasPaint_ ? paint_.row(x, y, count) : nullptr;
-        if (!hasPaint_ || !paint_.hasHoles()) {
-            combine(truthTable(copy_.rop), pixels, source, pattern, count);
+        const auto change = [&](const Pixel* sources, const Pixel* patterns) {
+            return [this, x, y, count, sources, patterns](Pixel* pixels) { combineAt(pixels, sources, patterns, x, y, count); };
+        };
+        // Nothing but one operand means the same in numbers and in colours.
+        const std::uint8_t table = truthTable(copy_.rop);
+        const bool isReplacing = table == truthTable(platform::SRCCOPY) || table == truthTable(platform::PATCOPY);
+        if (target_.isPlain() || (isReplacing && !hasHoles())) {
+            target_.change(x, y, count, false, change(source, pattern));
+        } else {
+            target_.changeRaw(x, y, count,
+                              change(target_.toRaw(source, count, rawSource_), target_.toRaw(pattern, count, rawPattern_)));
+        }
+    }
+
+    void combineAt(Pixel* pixels, const Pixel* source, const Pixel* pattern, int x, int y, std::size_t count) const {
+        if (!hasHoles()) {
+            combineRun(pixels, source, pattern, count);
             return;
         }
         for (std::size_t i = 0; i < count; ++i) {
             if (!paint_.isHole(x + static_cast<int>(i), y)) {
-                combine(truthTable(copy_.rop), pixels + i, source ? source + i : nullptr, pattern + i, 1);
+                combineRun(pixels + i, source ? source + i : nullptr, pattern + i, 1);
             }
         }
     }
+
+    void combineRun(Pixel* pixels, const Pixel* source, const Pixel* pattern, std::size_t count) const {
+        if (!source && target_.isPlain()) {
+            paintOver(truthTable(copy_.rop), pixels, pattern, count);
+        } else {
+            combine(truthTable(copy_.rop), pixels, source, pattern, count);
+        }
+    }
+
+    bool hasHoles() const noexcept { return hasPaint_ && paint_.hasHoles(); }
 
     TargetRows target_;
     const ImageCopy& copy_;
@@ -182,6 +232,8 @@ private:
     const bool isUpwards_;
     PaintRows paint_;
     std::optional<SourceRows> source_;
+    std::vector<Pixel> rawSource_;
+    std::vector<Pixel> rawPattern_;
 };
 
 bool copyVisible(Bitmap& target, const ImageCopy& copy, const Bitmap* source, const Placement& placement, const Region& visible) {

@@ -9,8 +9,10 @@ namespace mox::host {
 /// whose pixels in the source are outside of it stay as they are. The source may be the target. False if there is no source,
 /// though one is needed, or no memory; then nothing is changed.
 ///
-/// Raster operations work on whole pixels, the fourth byte with the others; formats without one give and take 0 there. Where a
-/// brush that draws nothing is needed, nothing is done; the ground of a hatch, if it is transparent, leaves what is there.
+/// Raster operations work on the numbers that the target holds, as those of pens and brushes do. Of plain pixels the fourth byte
+/// takes part like the others if there is a source, whose fourth byte is 0 unless somebody put something there; without a source
+/// it stays. Where a brush that draws nothing is needed, nothing is done; the ground of a hatch, if it is transparent, leaves
+/// what is there.
 ///
 /// Stretching takes the source's pixel at the centre of the target's (`COLORONCOLOR`); combines those that would be left out by
 /// AND or OR (`BLACKONWHITE`, `WHITEONBLACK`, for raster operations only, else as `COLORONCOLOR`); or takes the mean of the area

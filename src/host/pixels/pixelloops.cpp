@@ -82,6 +82,28 @@ void combine(std::uint8_t table, Pixel* target, const Pixel* source, const Pixel
     }
 }
 
+MOX_VECTOR_CODE void paintOver(std::uint8_t table, Pixel* target, const Pixel* pattern, std::size_t count) noexcept {
+    constexpr Pixel colors = 0xFFFFFF;
+    const auto all = [&](int place) { return static_cast<Pixel>(-(table >> place & 1)); };
+    const Pixel zero = all(0);
+    const Pixel zeroChange = all(0) ^ all(1);
+    const Pixel one = all(4);
+    const Pixel oneChange = all(4) ^ all(5);
+    if (!pattern) {
+        for (std::size_t i = 0; i < count; ++i) {
+            const Pixel d = target[i];
+            target[i] = d ^ ((zero ^ (d & zeroChange) ^ d) & colors);
+        }
+        return;
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        const Pixel d = target[i];
+        const Pixel ifZero = zero ^ (d & zeroChange);
+        const Pixel result = ifZero ^ (pattern[i] & (ifZero ^ one ^ (d & oneChange)));
+        target[i] = d ^ ((result ^ d) & colors);
+    }
+}
+
 MOX_VECTOR_CODE void copyKeyed(Pixel key, Pixel* target, const Pixel* source, std::size_t count) noexcept {
     for (std::size_t i = 0; i < count; ++i) {
         const Pixel s = source[i];
@@ -142,6 +164,22 @@ MOX_VECTOR_CODE void halve(Pixel* target, const Pixel* upper, const Pixel* lower
         const auto lowSum = static_cast<std::uint32_t>(low + (low >> 32)) + 0x00020002;
         const auto highSum = static_cast<std::uint32_t>(high + (high >> 32)) + 0x00020002;
         target[i] = (lowSum >> 2 & twoBytes) | (highSum >> 2 & twoBytes) << 8;
+    }
+}
+
+MOX_VECTOR_CODE void addWeighted(std::uint32_t weight, std::uint32_t* totals, const std::uint32_t* values,
+                                 std::size_t count) noexcept {
+    for (std::size_t i = 0; i < count; ++i) {
+        totals[i] += values[i] * weight;
+    }
+}
+
+MOX_VECTOR_CODE void toMeans(std::uint32_t whole, std::uint8_t* bytes, const std::uint32_t* totals, std::size_t count) noexcept {
+    // A quarter of the smallest step more than the half: products that come out too small by a few bits do not change the result.
+    const double scale = 1.0 / whole;
+    const double half = 0.5 + scale / 4;
+    for (std::size_t i = 0; i < count; ++i) {
+        bytes[i] = static_cast<std::uint8_t>(static_cast<std::int32_t>(static_cast<std::int32_t>(totals[i]) * scale + half));
     }
 }
 

@@ -19,6 +19,9 @@ constexpr Pixel combined(std::uint8_t table, Pixel pattern, Pixel source, Pixel 
 /// target = operation(pattern, source, target). An operand that the operation does not use may be null.
 MOX_API void combine(std::uint8_t table, Pixel* target, const Pixel* source, const Pixel* pattern, std::size_t count) noexcept;
 
+/// target = operation(pattern, target), for operations without a source: those leave the fourth byte alone.
+MOX_API void paintOver(std::uint8_t table, Pixel* target, const Pixel* pattern, std::size_t count) noexcept;
+
 /// The source unless it is `key` in all but the fourth byte.
 constexpr Pixel keyed(Pixel key, Pixel source, Pixel target) noexcept {
     return ((source ^ key) & 0xFFFFFF) == 0 ? target : source;
@@ -63,5 +66,10 @@ constexpr Pixel meanOfFour(Pixel a, Pixel b, Pixel c, Pixel d) noexcept {
 }
 /// Each pixel from two of both rows.
 MOX_API void halve(Pixel* target, const Pixel* upper, const Pixel* lower, std::size_t count) noexcept;
+
+/// Adds each value, times the weight.
+MOX_API void addWeighted(std::uint32_t weight, std::uint32_t* totals, const std::uint32_t* values, std::size_t count) noexcept;
+/// total / whole of each byte, rounded to the nearest, halves upwards. Totals are below 2^31 and up to 255 times the whole.
+MOX_API void toMeans(std::uint32_t whole, std::uint8_t* bytes, const std::uint32_t* totals, std::size_t count) noexcept;
 
 } // namespace mox::host

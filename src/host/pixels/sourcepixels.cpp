@@ -10,7 +10,7 @@ SourcePixels::SourcePixels(const ImageCopy& copy, bool areColored, Access access
 
 const Pixel* SourcePixels::window(int x, int y, int count) {
     const bool isLoaded = y == windowY_ && x >= windowX_ && x - windowX_ + count <= static_cast<int>(window_.size());
-    if (!isLoaded || access_ == Access::buffered) {
+    if (!isLoaded) {
         constexpr int ahead = 512;
         const int wanted = access_ == Access::dense ? std::max(count, std::min(ahead, bitmap_.width() - x)) : count;
         window_.resize(static_cast<std::size_t>(wanted));

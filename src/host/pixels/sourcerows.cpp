@@ -46,6 +46,9 @@ SourceRows::Way SourceRows::wayOf(const ImageCopy& copy, const CopyAxis& x, cons
         };
         const bool isInside = x.source().begin >= 0 && y.source().begin >= 0 && x.source().end <= copy.source->width() &&
                               y.source().end <= copy.source->height();
+        if (x.targetCount() % x.sourceCount() == 0 && y.targetCount() % y.sourceCount() == 0) {
+            return Way::nearest; // plain blocks
+        }
         return halves(x) && halves(y) && isInside && copy.source->isPlain() ? Way::halved : Way::average;
     }
     case platform::BLACKONWHITE:
