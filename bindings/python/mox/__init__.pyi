@@ -105,6 +105,7 @@ def machine(
     codepage: int = ...,
     drives: Mapping[str, str | PathLike[str]] = ...,
     trash: str | PathLike[str] = ...,
+    visual_style: bool = ...,
 ) -> None:
     """Says what the machine is made of, before the first object is created."""
 

@@ -31,7 +31,8 @@ def machine(**facts):
     version that it reports, ``(major, minor, build, platform, service_text, product_type, suite)`` or the beginning of that.
     ``product_info``: the number of the edition, from version 6.0 on. ``metrics``: answers of GetSystemMetrics by index.
     ``codepage``: the ANSI code page by its number. ``drives``: folders by drive letter.
-    ``trash``: the folder that takes deleted files in the place of the desktop's trash.
+    ``trash``: the folder that takes deleted files in the place of the desktop's trash. ``visual_style=True``: the machine has a
+    visual style, which it has not otherwise.
     """
     for name in ("home", "drives", "trash"):
         if name in facts:

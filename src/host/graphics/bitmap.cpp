@@ -48,10 +48,37 @@ std::shared_ptr<Bitmap> Bitmap::create(int width, int height) {
 
 std::shared_ptr<Bitmap> Bitmap::copy() const {
     auto result = create(format_);
-    if (result) {
+    if (result && whole_) {
+        for (int y = 0; y < height(); ++y) {
+            std::copy_n(row(y), result->rowBytes_, result->row(y));
+        }
+    } else if (result) {
         std::ranges::copy(bytes(), result->bytes().begin());
     }
     return result;
+}
+
+std::shared_ptr<Bitmap> Bitmap::part(const std::shared_ptr<Bitmap>& whole, const platform::RECT& area) {
+    const bool isWithin = area.left >= 0 && area.top >= 0 && area.left < area.right && area.top < area.bottom &&
+                          area.right <= whole->width() && area.bottom <= whole->height();
+    if (!isWithin || !whole->isPlain() || !whole->isTopDown()) {
+        return nullptr;
+    }
+    BitmapFormat format = whole->format_;
+    format.width = area.right - area.left;
+    format.height = area.bottom - area.top;
+    std::shared_ptr<Bitmap> result(new Bitmap(std::move(format), whole->rowBytes_, nullptr));
+    result->first_ = reinterpret_cast<std::byte*>(whole->pixels(area.top) + area.left);
+    result->whole_ = whole;
+    return result;
+}
+
+std::span<std::byte> Bitmap::bytes() const noexcept {
+    const auto rows = static_cast<std::size_t>(height());
+    if (whole_) {
+        return {first_, rowBytes_ * (rows - 1) + sizeof(Pixel) * static_cast<std::size_t>(width())};
+    }
+    return {bytes_.get(), rowBytes_ * rows};
 }
 
 Bitmap::Bitmap(BitmapFormat format, std::size_t rowBytes, std::unique_ptr<std::byte, Free> bytes) noexcept

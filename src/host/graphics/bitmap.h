@@ -59,6 +59,10 @@ public:
     /// The usual one, of 32 bits.
     static std::shared_ptr<Bitmap> create(int width, int height);
 
+    /// A rectangle of the pixels of a plain bitmap with its rows from the top down: it shows them and changes them. Null if the
+    /// rectangle is empty or not within the bitmap.
+    static std::shared_ptr<Bitmap> part(const std::shared_ptr<Bitmap>& whole, const platform::RECT& area);
+
     /// Another one with the same pixels; null if there is no memory.
     std::shared_ptr<Bitmap> copy() const;
 
@@ -77,10 +81,10 @@ public:
     std::span<const Pixel> colors() const noexcept { return format_.colors; }
     std::span<Pixel> colors() noexcept { return format_.colors; }
 
-    /// Bytes of one row.
+    /// Bytes of one row; of a part those of the whole.
     std::size_t rowBytes() const noexcept { return rowBytes_; }
     /// All bytes in memory order.
-    std::span<std::byte> bytes() const noexcept { return {bytes_.get(), rowBytes_ * static_cast<std::size_t>(format_.height)}; }
+    std::span<std::byte> bytes() const noexcept;
     /// The bytes from a row on to the one below it; below 0 for rows from the bottom up.
     std::ptrdiff_t stride() const noexcept { return stride_; }
     /// A row counted from the top; it has to be there.
@@ -107,6 +111,8 @@ private:
     std::unique_ptr<std::byte, Free> bytes_;
     std::ptrdiff_t stride_;
     std::byte* first_;
+    /// Of a part: holds the pixels.
+    std::shared_ptr<Bitmap> whole_;
 };
 
 } // namespace mox::host

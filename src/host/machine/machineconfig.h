@@ -41,6 +41,8 @@ struct MOX_API MachineConfig {
     /// The folder of the trash, laid out as desktops do it: `files` and `info`. Empty: the trash of the user's desktop, but for a
     /// machine with a temporary home, which has its own there.
     std::filesystem::path trash;
+    /// True: the machine draws in a visual style of its own, which the operations of uxtheme show.
+    bool visualStyle = false;
     /// Null: the system's own.
     std::shared_ptr<Clock> clock;
     /// True: what the machine has stored when an operation answers survives a loss of power. False: it survives the end of the

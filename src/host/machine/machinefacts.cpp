@@ -38,9 +38,9 @@ std::filesystem::path folderFact(const json& value, const std::string& fact) {
     return std::filesystem::absolute(folder);
 }
 
-bool memoryFact(const json& value) {
+bool booleanFact(const json& value, const std::string& fact) {
     if (!value.is_boolean()) {
-        throw ControlError("fact memory: not true or false");
+        throw ControlError("fact " + fact + ": not true or false");
     }
     return value.get<bool>();
 }
@@ -119,12 +119,13 @@ void applyFacts(MachineConfig& config, const json& facts) {
     if (!facts.is_object()) {
         throw ControlError("facts: not an object");
     }
-    refuseUnknown(facts, "fact", {"home", "memory", "codepage", "drives", "trash", "windows", "product_info", "metrics"});
+    refuseUnknown(facts, "fact",
+                  {"home", "memory", "codepage", "drives", "trash", "windows", "product_info", "metrics", "visual_style"});
     MachineConfig changed = config;
     if (const auto fact = facts.find("home"); fact != facts.end()) {
         changed.home = folderFact(*fact, "home");
     }
-    if (const auto fact = facts.find("memory"); fact != facts.end() && memoryFact(*fact)) {
+    if (const auto fact = facts.find("memory"); fact != facts.end() && booleanFact(*fact, "memory")) {
         if (facts.contains("home")) {
             throw ControlError("fact memory: a machine in memory has no home");
         }
@@ -147,6 +148,9 @@ void applyFacts(MachineConfig& config, const json& facts) {
     }
     if (const auto fact = facts.find("metrics"); fact != facts.end()) {
         changed.metrics = metricsFact(*fact);
+    }
+    if (const auto fact = facts.find("visual_style"); fact != facts.end()) {
+        changed.visualStyle = booleanFact(*fact, "visual_style");
     }
     config = std::move(changed);
 }

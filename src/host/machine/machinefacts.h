@@ -12,7 +12,7 @@ namespace mox::host {
 ///     {"home": "/folder", "memory": false, "codepage": 1252, "drives": {"D": "/folder"},
 ///      "trash": "/folder",
 ///      "windows": [major, minor, build, platform, service_text, product_type, suite],
-///      "product_info": 48, "metrics": {"87": 0}}
+///      "product_info": 48, "metrics": {"87": 0}, "visual_style": false}
 ///
 /// `windows` may end early. `memory` makes a machine without a home. Throws `ControlError` that names the fact for one that is
 /// unknown, of a wrong type or out of its range; the configuration is then as it was.
