@@ -1,1 +1,1 @@
-set(HOST_DESKTOP_TESTS)
+set(HOST_DESKTOP_TESTS desktop_colors_test.cpp desktop_themes_test.cpp desktop_windows_test.cpp)

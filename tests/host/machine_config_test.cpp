@@ -83,6 +83,9 @@ TEST(MachineConfigTest, takesFacts) {
     host::applyFacts(config, json::parse(R"({"product_info": 2882382797, "metrics": {"87": 1, "0": -5}})"));
     EXPECT_EQ(config.productInfo, 0xABCDABCDu);
     EXPECT_EQ(config.metrics, (std::map<std::int32_t, std::int32_t>{{0, -5}, {87, 1}}));
+    EXPECT_FALSE(config.visualStyle);
+    host::applyFacts(config, json::parse(R"({"visual_style": true})"));
+    EXPECT_TRUE(config.visualStyle);
     host::applyFacts(config, json::parse(R"({"memory": true})"));
     EXPECT_EQ(config.home, "");
 }
@@ -136,6 +139,7 @@ TEST(MachineConfigTest, namesTheFactThatIsWrong) {
         {R"({"windows": [6, 1, 7601, 2, 1]})", "fact windows, service_text: not a string"},
         {R"({"windows": [6, 1, 7601, 2, "", 1, 0, 0]})", "fact windows: more than 7 elements"},
         {R"({"windows": [6, 1, 4294967296]})", "fact windows, build: not a whole number of 32 bits"},
+        {R"({"visual_style": 1})", "fact visual_style: not true or false"},
         {R"({"product_info": "48"})", "fact product_info: not a whole number of 32 bits"},
         {R"({"metrics": [87]})", "fact metrics: not an object"},
         {R"({"metrics": {"": 1}})", "fact metrics: no number of a metric: "},
