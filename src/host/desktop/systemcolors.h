@@ -1,6 +1,8 @@
 // The colours of the system.
 #pragma once
 
+#include "automation/objects/export.h"
+
 #include "platform/gditypes.h"
 
 namespace mox::host {
@@ -13,6 +15,6 @@ inline constexpr std::int32_t colorWindowFrame = 6;
 inline constexpr std::int32_t colorActiveBorder = 10;
 
 /// Of the usual scheme, by index from 0 to 30; 0 for others.
-platform::COLORREF systemColor(std::int32_t index) noexcept;
+MOX_API platform::COLORREF systemColor(std::int32_t index) noexcept;
 
 } // namespace mox::host

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 namespace mox::host {
@@ -21,6 +22,13 @@ template <class Record> std::int32_t give(const Record& record, std::span<std::b
     return static_cast<std::int32_t>(sizeof(Record));
 }
 
+std::vector<platform::Handle> inOrder(const std::map<std::int32_t, platform::Handle>& objects) {
+    std::vector<platform::Handle> handles;
+    std::ranges::transform(objects, std::back_inserter(handles), [](const auto& object) { return object.second; });
+    std::ranges::sort(handles);
+    return handles;
+}
+
 /// The bitmap of a memory context before another is selected: one monochrome pixel.
 std::shared_ptr<Bitmap> firstBitmap() {
     return Bitmap::create({.width = 1, .height = 1, .bitsPerPixel = 1});
@@ -29,7 +37,7 @@ std::shared_ptr<Bitmap> firstBitmap() {
 } // namespace
 
 Graphics::Graphics(Handles& handles, Desktop& desktop)
-    : handles_(handles), desktop_(desktop), stock_(openStockObjects(handles)) {}
+    : handles_(handles), desktop_(desktop), stock_(openStockObjects(handles)), stockHandles_(inOrder(stock_)) {}
 
 Graphics::~Graphics() = default;
 
@@ -79,7 +87,7 @@ platform::Handle Graphics::stockObject(std::int32_t index) const {
 }
 
 bool Graphics::isStock(platform::Handle object) const {
-    return std::ranges::any_of(stock_, [&](const auto& entry) { return entry.second == object; });
+    return std::ranges::binary_search(stockHandles_, object);
 }
 
 platform::Handle Graphics::select(platform::Handle hdc, platform::Handle handle) {

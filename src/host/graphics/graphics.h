@@ -61,8 +61,9 @@ private:
 
     Handles& handles_;
     Desktop& desktop_;
-    /// By their numbers.
-    std::map<std::int32_t, platform::Handle> stock_;
+    /// By their numbers, and the handles alone in order.
+    const std::map<std::int32_t, platform::Handle> stock_;
+    const std::vector<platform::Handle> stockHandles_;
     mutable std::mutex guard_;
     /// Which context each selected bitmap is in.
     std::map<platform::Handle, platform::Handle> holders_;
