@@ -36,8 +36,8 @@ std::shared_ptr<Bitmap> firstBitmap() {
 
 } // namespace
 
-Graphics::Graphics(Handles& handles, Desktop& desktop)
-    : handles_(handles), desktop_(desktop), stock_(openStockObjects(handles)), stockHandles_(inOrder(stock_)) {}
+Graphics::Graphics(Handles& handles, Desktop& desktop, Fonts& fonts)
+    : handles_(handles), desktop_(desktop), fonts_(fonts), stock_(openStockObjects(handles)), stockHandles_(inOrder(stock_)) {}
 
 Graphics::~Graphics() = default;
 

@@ -12,15 +12,17 @@
 namespace mox::host {
 
 class Desktop;
+class Fonts;
 
 /// Creates, finds and frees by handle. Kinds of handles: "dc", "bitmap", "pen", "brush", "font", "icon", "metafile".
 class MOX_API Graphics {
 public:
-    Graphics(Handles& handles, Desktop& desktop);
+    Graphics(Handles& handles, Desktop& desktop, Fonts& fonts);
     ~Graphics();
 
     Handles& handles() const noexcept { return handles_; }
     Desktop& desktop() const noexcept { return desktop_; }
+    Fonts& fonts() const noexcept { return fonts_; }
 
     // ---- contexts
 
@@ -61,6 +63,7 @@ private:
 
     Handles& handles_;
     Desktop& desktop_;
+    Fonts& fonts_;
     /// By their numbers, and the handles alone in order.
     const std::map<std::int32_t, platform::Handle> stock_;
     const std::vector<platform::Handle> stockHandles_;

@@ -50,7 +50,7 @@ Machine::Machine(MachineConfig config)
       config_(completed(std::move(config), temporaryHome_)), codePage(config_.codePage), files(config_, codePage),
       registry(registryFacts(*this), config_.home / "registry.sqlite",
                config_.isDurable ? Durability::system : Durability::process, codePage, handles),
-      messageLoops(config_.clock), desktop(handles), graphics(handles, desktop), icons(graphics, config_) {
+      messageLoops(config_.clock), desktop(handles), fonts(codePage), graphics(handles, desktop, fonts), icons(graphics, config_) {
     wireKernel32(*this);
     wirePsapi(*this);
     wireRuntime(*this);

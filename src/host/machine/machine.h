@@ -5,6 +5,7 @@
 #include "host/desktop/messageloops.h"
 #include "host/dialogs/dialogs.h"
 #include "host/files/files.h"
+#include "host/fonts/fonts.h"
 #include "host/graphics/graphics.h"
 #include "host/icons/icons.h"
 #include "host/machine/handles.h"
@@ -73,6 +74,7 @@ public:
     MessageLoops messageLoops;
     Dialogs dialogs;
     Desktop desktop;
+    Fonts fonts;
     Graphics graphics;
     Icons icons;
 
