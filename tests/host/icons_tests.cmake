@@ -1,1 +1,1 @@
-set(HOST_ICONS_TESTS icons_objects_test.cpp)
+set(HOST_ICONS_TESTS icons_drawing_test.cpp icons_objects_test.cpp icons_shell_test.cpp)

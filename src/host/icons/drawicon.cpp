@@ -6,6 +6,9 @@
 
 #include "platform/user32.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace mox::host {
 
 namespace {
@@ -62,13 +65,18 @@ bool blendOnPixels(const DeviceContext& context, const Bitmap& image, const Sign
 
 /// Pages and recordings get it as it is, and whoever shows them finds the size.
 bool blendWhole(DeviceContext& context, const Bitmap& image, const SignedRect& target) {
-    auto pixels = premultiplied(image);
+    // Mixing does not mirror.
+    const SignedRect whole{target.cx < 0 ? image.width() : 0, target.cy < 0 ? image.height() : 0,
+                           target.cx < 0 ? -image.width() : image.width(), target.cy < 0 ? -image.height() : image.height()};
+    auto pixels = scaledPart(image, whole, image.bounds());
     if (!pixels) {
         return false;
     }
     const DeviceContext source(context.graphics(), DeviceContext::Kind::memory, context.sharedDevice(),
                                std::make_shared<RasterCanvas>(std::move(pixels)));
-    return context.alphaBlend(target, source, {0, 0, image.width(), image.height()}, byAlpha);
+    const SignedRect upright{std::min(target.x, target.x + target.cx), std::min(target.y, target.y + target.cy),
+                             std::abs(target.cx), std::abs(target.cy)};
+    return context.alphaBlend(upright, source, {0, 0, image.width(), image.height()}, byAlpha);
 }
 
 bool copyPart(DeviceContext& context, std::shared_ptr<const Bitmap> part, const SignedRect& target, std::uint32_t rop) {

@@ -103,10 +103,6 @@ std::shared_ptr<Bitmap> scaledPart(const Bitmap& image, const SignedRect& target
     return result;
 }
 
-std::shared_ptr<Bitmap> premultiplied(const Bitmap& image) {
-    return scaledPart(image, {0, 0, image.width(), image.height()}, image.bounds());
-}
-
 std::shared_ptr<Bitmap> resized(const Bitmap& image, int width, int height) {
     auto result = scaledPart(image, {0, 0, width, height}, {0, 0, width, height});
     for (int y = 0; result && y < height; ++y) {

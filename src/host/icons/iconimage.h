@@ -10,9 +10,6 @@ namespace mox::host {
 /// mixture of neighbours where it gets larger. The colours have alpha multiplied in. Null if there is no memory.
 std::shared_ptr<Bitmap> scaledPart(const Bitmap& image, const SignedRect& target, const RECT& part);
 
-/// The same as it is.
-std::shared_ptr<Bitmap> premultiplied(const Bitmap& image);
-
 /// All of it in another size, alpha not multiplied in.
 std::shared_ptr<Bitmap> resized(const Bitmap& image, int width, int height);
 

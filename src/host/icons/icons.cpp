@@ -3,7 +3,7 @@
 #include "host/icons/drawicon.h"
 #include "host/icons/iconparts.h"
 #include "host/icons/systemicons.h"
-#include "host/machine/machineconfig.h"
+#include "host/machine/systemversion.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -24,6 +24,12 @@ RECT rectangle(const SignedRect& area) {
     const std::int32_t right = end(area.x, area.cx);
     const std::int32_t bottom = end(area.y, area.cy);
     return {std::min(area.x, right), std::min(area.y, bottom), std::max(area.x, right), std::max(area.y, bottom)};
+}
+
+/// A size in pixels that icons can have.
+std::int32_t metric(const MachineConfig& config, std::int32_t index) {
+    constexpr std::int32_t most = 1024;
+    return std::clamp(systemMetric(config, index), 1, most);
 }
 
 } // namespace
@@ -97,20 +103,11 @@ bool Icons::draw(Handle hdc, SignedRect area, Handle handle, Handle ground, std:
 }
 
 SIZE Icons::systemSize() const {
-    return sizeFromFacts(SM_CXICON, SM_CYICON, 32);
+    return {metric(config_, SM_CXICON), metric(config_, SM_CYICON)};
 }
 
 SIZE Icons::smallSize() const {
-    return sizeFromFacts(SM_CXSMICON, SM_CYSMICON, 16);
-}
-
-SIZE Icons::sizeFromFacts(std::int32_t width, std::int32_t height, std::int32_t usual) const {
-    constexpr std::int32_t most = 1024;
-    const auto fact = [&](std::int32_t metric) {
-        const auto found = config_.metrics.find(metric);
-        return found != config_.metrics.end() && found->second > 0 ? std::min(found->second, most) : usual;
-    };
-    return {fact(width), fact(height)};
+    return {metric(config_, SM_CXSMICON), metric(config_, SM_CYSMICON)};
 }
 
 } // namespace mox::host

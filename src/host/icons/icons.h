@@ -34,8 +34,6 @@ public:
     SIZE smallSize() const;
 
 private:
-    SIZE sizeFromFacts(std::int32_t width, std::int32_t height, std::int32_t usual) const;
-
     Graphics& graphics_;
     const MachineConfig& config_;
     std::mutex guard_;

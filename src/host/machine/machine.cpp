@@ -28,6 +28,7 @@ MachineConfig completed(MachineConfig config, const std::optional<TemporaryFolde
     if (temporaryHome) {
         config.home = temporaryHome->path();
         config.isDurable = false;
+        config.iconFolders.clear();
         if (config.trash.empty()) {
             config.trash = config.home / "trash";
         }
@@ -50,7 +51,8 @@ Machine::Machine(MachineConfig config)
       config_(completed(std::move(config), temporaryHome_)), codePage(config_.codePage), files(config_, codePage),
       registry(registryFacts(*this), config_.home / "registry.sqlite",
                config_.isDurable ? Durability::system : Durability::process, codePage, handles),
-      messageLoops(config_.clock), desktop(handles), fonts(codePage), graphics(handles, desktop, fonts), icons(graphics, config_) {
+      messageLoops(config_.clock), desktop(handles), fonts(codePage), graphics(handles, desktop, fonts), icons(graphics, config_),
+      shellIcons(handles, icons, config_) {
     wireKernel32(*this);
     wirePsapi(*this);
     wireRuntime(*this);

@@ -8,6 +8,7 @@
 #include "host/fonts/fonts.h"
 #include "host/graphics/graphics.h"
 #include "host/icons/icons.h"
+#include "host/icons/shellicons.h"
 #include "host/machine/handles.h"
 #include "host/machine/machineconfig.h"
 #include "host/machine/temporaryfolder.h"
@@ -77,6 +78,7 @@ public:
     Fonts fonts;
     Graphics graphics;
     Icons icons;
+    ShellIcons shellIcons;
 
     platform::Advapi32 advapi32;
     platform::Comctl32 comctl32;

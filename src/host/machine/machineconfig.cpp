@@ -1,5 +1,7 @@
 #include "host/machine/machineconfig.h"
 
+#include "host/icons/icontheme.h"
+
 #include <array>
 #include <cstdlib>
 #include <pwd.h>
@@ -41,6 +43,8 @@ std::filesystem::path homeOfMachine() {
 MachineConfig MachineConfig::fromEnvironment() {
     MachineConfig config;
     config.home = homeOfMachine();
+    config.iconFolders = iconFoldersOfUser();
+    config.iconTheme = iconThemeOfUser();
     return config;
 }
 

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace mox::host {
 
@@ -43,13 +44,19 @@ struct MOX_API MachineConfig {
     std::filesystem::path trash;
     /// True: the machine draws in a visual style of its own, which the operations of uxtheme show.
     bool visualStyle = false;
+    /// Where the desktop's icon themes lie. Empty, and always for a machine with a temporary home: files are shown by drawings of
+    /// the machine's own.
+    std::vector<std::filesystem::path> iconFolders;
+    /// The icon theme by its name.
+    std::string iconTheme;
     /// Null: the system's own.
     std::shared_ptr<Clock> clock;
     /// True: what the machine has stored when an operation answers survives a loss of power. False: it survives the end of the
     /// process only, which is much faster; always so for a machine without a home.
     bool isDurable = true;
 
-    /// The home is MOX_HOME, else $XDG_DATA_HOME/mox, else .local/share/mox in the user's home folder, all the rest as above.
+    /// The home is MOX_HOME, else $XDG_DATA_HOME/mox, else .local/share/mox in the user's home folder, the icons are those of
+    /// the user's desktop, all the rest as above.
     static MachineConfig fromEnvironment();
 };
 

@@ -2,6 +2,8 @@
 
 #include "host/desktop/screen.h"
 
+#include "platform/user32.h"
+
 #include <algorithm>
 #include <charconv>
 
@@ -90,6 +92,12 @@ std::int32_t systemMetric(const MachineConfig& config, std::int32_t index) {
         return screenWidth;
     case screenHeightMetric:
         return screenHeight;
+    case platform::SM_CXICON:
+    case platform::SM_CYICON:
+        return 32;
+    case platform::SM_CXSMICON:
+    case platform::SM_CYSMICON:
+        return 16;
     default:
         return 0;
     }

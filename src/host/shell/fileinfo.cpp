@@ -2,6 +2,7 @@
 
 #include "host/shell/contenttype.h"
 #include "host/shell/gio.h"
+#include "host/shell/shellpicture.h"
 
 #include "platform/kernel32.h"
 
@@ -86,33 +87,85 @@ bool isVolumeRoot(const std::filesystem::path& folder, const struct stat& facts)
     return folder == "/" || (stat(folder.parent_path().c_str(), &above) == 0 && above.st_dev != facts.st_dev);
 }
 
+/// What a path leads to: the root of a drive, or a file.
+struct Shown {
+    /// `C:\`, empty for a file.
+    std::string root;
+    std::uint32_t driveType = DRIVE_FIXED;
+    /// On the disk, for a file.
+    std::string path;
+};
+
+std::optional<Shown> findShown(const Files& files, std::string_view file) {
+    if (const std::optional<DrivePath> parsed = files.parse(file); parsed && parsed->names.empty()) {
+        const std::string root{parsed->drive, ':', '\\'};
+        const std::uint32_t driveType = files.driveType(root);
+        return driveType != DRIVE_NO_ROOT_DIR ? std::optional(Shown{root, driveType, ""}) : std::nullopt;
+    }
+    const std::optional<DiskPath> found = files.find(file);
+    return found ? std::optional(Shown{"", DRIVE_FIXED, found->text}) : std::nullopt;
+}
+
+std::string displayName(const Files& files, const Shown& shown) {
+    if (shown.root.empty()) {
+        return nameOf(shown.path);
+    }
+    const std::string label = volumeLabel(*files.resolve(shown.root));
+    return (label.empty() ? kindOfDrive(shown.driveType) : label) + " (" + shown.root.substr(0, 2) + ")";
+}
+
+std::string typeName(const Shown& shown) {
+    return !shown.root.empty()          ? kindOfDrive(shown.driveType)
+           : isFolderOnDisk(shown.path) ? "File folder"
+                                        : typeByName(nameOf(shown.path));
+}
+
+ShellPicture pictureOf(const ShellSources& sources, const Shown& shown, bool isOpen) {
+    if (!shown.root.empty()) {
+        return pictureOfDrive(shown.driveType);
+    }
+    if (!isFolderOnDisk(shown.path)) {
+        return pictureOfFile(nameOf(shown.path));
+    }
+    std::error_code error;
+    const bool isTrash = std::filesystem::equivalent(shown.path, sources.trash, error);
+    return isTrash ? pictureOfTrash() : pictureOfFolder(isOpen);
+}
+
+/// The answer of `fileInfo` as far as it is about icons.
+std::uint32_t iconInfo(const ShellSources& sources, const Shown& shown, SHFILEINFOA& info, std::uint32_t flags) {
+    const IconSize size = (flags & SHGFI_SMALLICON) != 0 ? IconSize::small : IconSize::large;
+    const std::int32_t index = sources.icons.indexOf(pictureOf(sources, shown, (flags & SHGFI_OPENICON) != 0));
+    const std::uint32_t answer = index < 0                           ? 0
+                                 : (flags & SHGFI_SYSICONINDEX) != 0 ? static_cast<std::uint32_t>(sources.icons.list(size))
+                                                                     : 1;
+    const Handle icon = answer != 0 && (flags & SHGFI_ICON) != 0 ? sources.icons.copy(index, size) : 0;
+    if (answer == 0 || ((flags & SHGFI_ICON) != 0 && icon == 0)) {
+        return 0;
+    }
+    info.iIcon = index;
+    info.hIcon = icon != 0 ? icon : info.hIcon;
+    return answer;
+}
+
 } // namespace
 
-std::uint32_t fileInfo(const Files& files, const CodePage& codePage, std::string_view file, SHFILEINFOA& info,
-                       std::uint32_t flags) {
-    const std::optional<DrivePath> parsed = files.parse(file);
-    const std::optional<DiskPath> found = files.find(file);
-    const bool isRoot = parsed && parsed->names.empty();
-    if (!found && !isRoot) {
+std::uint32_t fileInfo(const ShellSources& sources, std::string_view file, SHFILEINFOA& info, std::uint32_t flags) {
+    const std::optional<Shown> shown = findShown(sources.files, file);
+    if (!shown) {
         return 0;
     }
-    const std::string root = isRoot ? std::string{parsed->drive, ':', '\\'} : "";
-    const std::uint32_t driveType = isRoot ? files.driveType(root) : DRIVE_FIXED;
-    if (driveType == DRIVE_NO_ROOT_DIR) {
-        return 0;
+    std::uint32_t answer = 1;
+    if ((flags & (SHGFI_ICON | SHGFI_SYSICONINDEX)) != 0) {
+        answer = iconInfo(sources, *shown, info, flags);
     }
-    if ((flags & SHGFI_DISPLAYNAME) != 0) {
-        std::string name = isRoot ? volumeLabel(*files.resolve(root)) : nameOf(found->text);
-        name = isRoot ? (name.empty() ? kindOfDrive(driveType) : name) + " (" + root.substr(0, 2) + ")" : name;
-        info.szDisplayName = cut(name, mostOfName, codePage);
+    if (answer != 0 && (flags & SHGFI_DISPLAYNAME) != 0) {
+        info.szDisplayName = cut(displayName(sources.files, *shown), mostOfName, sources.codePage);
     }
-    if ((flags & SHGFI_TYPENAME) != 0) {
-        const std::string type = isRoot                        ? kindOfDrive(driveType)
-                                 : isFolderOnDisk(found->text) ? "File folder"
-                                                               : typeByName(nameOf(found->text));
-        info.szTypeName = cut(type, mostOfType, codePage);
+    if (answer != 0 && (flags & SHGFI_TYPENAME) != 0) {
+        info.szTypeName = cut(typeName(*shown), mostOfType, sources.codePage);
     }
-    return 1;
+    return answer;
 }
 
 std::string volumeLabel(const std::filesystem::path& folder, const std::filesystem::path& labels) {

@@ -4,6 +4,7 @@
 #include "host/shell/fileinfo.h"
 #include "host/shell/fileoperation.h"
 #include "host/shell/findexecutable.h"
+#include "host/shell/gio.h"
 
 namespace mox::host {
 
@@ -20,6 +21,11 @@ bool diskFreeSpace(const Files& files, std::string_view folder, std::uint64_t& a
     return space.has_value();
 }
 
+/// That of the machine, else the desktop's.
+std::filesystem::path trashFolder(const MachineConfig& config) {
+    return config.trash.empty() ? std::filesystem::path(g_get_user_data_dir()) / "Trash" : config.trash;
+}
+
 } // namespace
 
 void wireShell(Machine& machine) {
@@ -33,9 +39,8 @@ void wireShell(Machine& machine) {
         const Trash trash(machine.config().trash);
         return FileOperation(files, machine.codePage, machine.dialogs, trash, operation).run();
     };
-    shell32.SHGetFileInfoA = [&](auto file, auto, auto& info, auto flags) {
-        return fileInfo(files, machine.codePage, file, info, flags);
-    };
+    const ShellSources sources{files, machine.codePage, machine.shellIcons, trashFolder(machine.config())};
+    shell32.SHGetFileInfoA = [sources](auto file, auto, auto& info, auto flags) { return fileInfo(sources, file, info, flags); };
 }
 
 } // namespace mox::host
