@@ -1,1 +1,1 @@
-set(HOST_METAFILES_TESTS)
+set(HOST_METAFILES_TESTS metafiles_record_test.cpp)

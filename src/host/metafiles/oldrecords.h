@@ -1,0 +1,71 @@
+// The records of old-style metafiles.
+#pragma once
+
+#include <cstdint>
+
+namespace mox::host {
+
+/// A record is its size in words of 16 bits, the number of its function, and the arguments, the last one in front. The high byte
+/// of the number is how many words the arguments of the function once were.
+enum class OldRecord : std::uint16_t {
+    endOfFile = 0,
+    saveDc = 0x001E,
+    realizePalette = 0x0035,
+    createPalette = 0x00F7,
+    setBkMode = 0x0102,
+    setMapMode = 0x0103,
+    setRop2 = 0x0104,
+    setPolyFillMode = 0x0106,
+    setStretchBltMode = 0x0107,
+    restoreDc = 0x0127,
+    invertRegion = 0x012A,
+    paintRegion = 0x012B,
+    selectClipRegion = 0x012C,
+    selectObject = 0x012D,
+    setTextAlign = 0x012E,
+    dibCreatePatternBrush = 0x0142,
+    deleteObject = 0x01F0,
+    createPatternBrush = 0x01F9,
+    setBkColor = 0x0201,
+    setTextColor = 0x0209,
+    setWindowOrg = 0x020B,
+    setWindowExt = 0x020C,
+    setViewportOrg = 0x020D,
+    setViewportExt = 0x020E,
+    offsetWindowOrg = 0x020F,
+    offsetViewportOrg = 0x0211,
+    lineTo = 0x0213,
+    moveTo = 0x0214,
+    offsetClipRgn = 0x0220,
+    fillRegion = 0x0228,
+    createPen = 0x02FA,
+    createFont = 0x02FB,
+    createBrush = 0x02FC,
+    polygon = 0x0324,
+    polyline = 0x0325,
+    scaleWindowExt = 0x0410,
+    scaleViewportExt = 0x0412,
+    excludeClipRect = 0x0415,
+    intersectClipRect = 0x0416,
+    ellipse = 0x0418,
+    rectangle = 0x041B,
+    setPixel = 0x041F,
+    frameRegion = 0x0429,
+    textOut = 0x0521,
+    polyPolygon = 0x0538,
+    roundRect = 0x061C,
+    patBlt = 0x061D,
+    createRegion = 0x06FF,
+    arc = 0x0817,
+    pie = 0x081A,
+    chord = 0x0830,
+    bitBlt = 0x0922,
+    dibBitBlt = 0x0940,
+    extTextOut = 0x0A32,
+    stretchBlt = 0x0B23,
+    dibStretchBlt = 0x0B41,
+    setDibToDevice = 0x0D33,
+    stretchDib = 0x0F43,
+};
+
+} // namespace mox::host
