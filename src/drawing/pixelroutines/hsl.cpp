@@ -1,6 +1,6 @@
 #include "drawing/pixelroutines/hsl.h"
 
-#include "drawing/pixelroutines/hsltables.h"
+#include "drawing/pixelroutines/hslvectors.h"
 
 #include <algorithm>
 
@@ -9,9 +9,8 @@ namespace mox::server {
 void hsl(const PixelWork& work, const HslChange& change, [[maybe_unused]] Vectors vectors) {
     const HslSettings settings(change);
 #if defined(__x86_64__)
-    constexpr std::size_t worthTables = 20'000;
-    if (vectors >= Vectors::avx2 && work.source.size() >= worthTables) {
-        return hslByTables(work, settings, vectors);
+    if (vectors >= Vectors::avx2) {
+        return (vectors >= Vectors::avx512 ? hsl512 : hsl256)(work, settings);
     }
 #endif
     std::ranges::transform(work.source, work.target.begin(),

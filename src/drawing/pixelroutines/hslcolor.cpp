@@ -57,26 +57,26 @@ std::uint32_t hslByte(std::int64_t value) {
     return static_cast<std::uint32_t>(std::min<std::int64_t>((value * 255 + hslOne / 2) / hslOne, 255));
 }
 
+std::uint32_t hslOrder(std::int64_t hue) {
+    // By the whole part of the hue.
+    static constexpr std::array<std::uint32_t, 6> orders{
+        colorOf(hslHigh, hslLow, hslMiddle), colorOf(hslHigh, hslMiddle, hslLow), colorOf(hslMiddle, hslHigh, hslLow),
+        colorOf(hslLow, hslHigh, hslMiddle), colorOf(hslLow, hslMiddle, hslHigh), colorOf(hslMiddle, hslLow, hslHigh)};
+    return orders[static_cast<std::size_t>(hue / hslOne)];
+}
+
+std::int64_t hslPart(std::int64_t hue) {
+    const std::int64_t fraction = hue % hslOne;
+    return hue / hslOne % 2 == 0 ? hslOne - fraction : fraction;
+}
+
 std::uint32_t hslColor(HslRange range, std::int64_t hue) {
-    const std::int64_t sixth = hue / hslOne;
-    const std::int64_t part = sixth % 2 == 0 ? hslOne - hue % hslOne : hue % hslOne;
-    const std::uint32_t low = hslByte(range.low);
-    const std::uint32_t high = hslByte(range.high);
-    const std::uint32_t middle = hslByte(range.low + part * (range.high - range.low) / hslOne);
-    switch (sixth) {
-    case 0:
-        return colorOf(high, low, middle);
-    case 1:
-        return colorOf(high, middle, low);
-    case 2:
-        return colorOf(middle, high, low);
-    case 3:
-        return colorOf(low, high, middle);
-    case 4:
-        return colorOf(low, middle, high);
-    default:
-        return colorOf(middle, low, high);
-    }
+    std::array<std::uint32_t, 3> bytes;
+    bytes[hslMiddle] = hslByte(range.low + hslPart(hue) * (range.high - range.low) / hslOne);
+    bytes[hslLow] = hslByte(range.low);
+    bytes[hslHigh] = hslByte(range.high);
+    const std::uint32_t order = hslOrder(hue);
+    return colorOf(bytes[blueOf(order)], bytes[greenOf(order)], bytes[redOf(order)]);
 }
 
 std::uint32_t hslPixel(const HslSettings& settings, std::uint32_t pixel) {

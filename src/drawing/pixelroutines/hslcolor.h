@@ -29,6 +29,16 @@ struct HslRange {
 /// From the strongest and the weakest colour of the pixel.
 HslRange hslRange(const HslSettings& settings, int most, int least);
 
+// What the three colours of a pixel are: the two ends of its range, and a value between.
+inline constexpr std::uint32_t hslMiddle = 0;
+inline constexpr std::uint32_t hslLow = 1;
+inline constexpr std::uint32_t hslHigh = 2;
+
+/// Which of them blue, green and red of a hue are.
+std::uint32_t hslOrder(std::int64_t hue);
+/// How far above the low end, in parts of the range, the value between is.
+std::int64_t hslPart(std::int64_t hue);
+
 /// The colours of a hue within a range. The fourth byte is 0.
 std::uint32_t hslColor(HslRange range, std::int64_t hue);
 
