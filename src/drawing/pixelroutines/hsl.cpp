@@ -7,6 +7,11 @@
 namespace mox::server {
 
 void hsl(const PixelWork& work, const HslChange& change, [[maybe_unused]] Vectors vectors) {
+    if (!change.hue && !change.saturation && !change.brightness) {
+        // The way there and back changes no colour.
+        std::ranges::copy(work.source, work.target.begin());
+        return;
+    }
     const HslSettings settings(change);
 #if defined(__x86_64__)
     if (vectors >= Vectors::avx2) {
