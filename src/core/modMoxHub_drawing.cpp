@@ -91,6 +91,26 @@ std::int32_t EnumFontFamExProc(std::vector<FontEntry>& fonts, const LOGFONTA& fo
     return 1;
 }
 
+/// A context of the screen where none is given.
+class ListingContext {
+public:
+    explicit ListingContext(Handle given)
+        : own_(given == 0 ? gdi32().CreateCompatibleDC(0) : 0), handle_(given == 0 ? own_ : given) {}
+    ListingContext(const ListingContext&) = delete;
+    ListingContext& operator=(const ListingContext&) = delete;
+    ~ListingContext() {
+        if (own_ != 0) {
+            gdi32().DeleteDC(own_);
+        }
+    }
+
+    Handle handle() const noexcept { return handle_; }
+
+private:
+    const Handle own_;
+    const Handle handle_;
+};
+
 } // namespace
 
 Boolean DrawShellIcon(Long hDC, Long X, Long Y, const String& sPath, MOX_FS_ICONSIZE Size, MOX_FS_ICONSTATE State) {
@@ -117,12 +137,11 @@ Long EnumerateFonts(std::vector<FontEntry>& Fonts, Long hDC, const String& sFace
     const std::string name = toAnsi(sFaceName);
     std::copy_n(name.data(), std::min(name.size(), wanted.lfFaceName.size()), wanted.lfFaceName.data());
     list.clear();
-    const Handle own = hDC == 0 ? gdi32().CreateCompatibleDC(0) : 0;
-    gdi32().EnumFontFamiliesExA(hDC == 0 ? own : hDC, wanted, [&](const LOGFONTA& font, const TEXTMETRICA&, std::uint32_t) {
-        return EnumFontFamExProc(list, font);
-    });
-    if (own != 0) {
-        gdi32().DeleteDC(own);
+    {
+        const ListingContext context(hDC);
+        gdi32().EnumFontFamiliesExA(context.handle(), wanted, [&](const LOGFONTA& font, const TEXTMETRICA&, std::uint32_t) {
+            return EnumFontFamExProc(list, font);
+        });
     }
     if (list.empty()) {
         Fonts.assign(1, {});

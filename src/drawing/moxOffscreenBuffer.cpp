@@ -20,11 +20,13 @@ void moxOffscreenBuffer::free() noexcept {
     if (hDC == 0) {
         return;
     }
-    if (hBmp != 0) {
-        gdi32().SelectObject(hDC, std::exchange(oldBitmap_, 0));
-        gdi32().DeleteObject(std::exchange(hBmp, 0));
-    }
+    const Handle bitmap = std::exchange(hBmp, 0);
+    gdi32().SelectObject(hDC, std::exchange(oldBitmap_, 0));
+    const bool isDeleted = gdi32().DeleteObject(bitmap);
     gdi32().DeleteDC(std::exchange(hDC, 0));
+    if (!isDeleted) {
+        gdi32().DeleteObject(bitmap); // it could not be deselected before
+    }
 }
 
 Boolean moxOffscreenBuffer::Init(Long newCX, Long newCY, OLE_COLOR newBackColor) {

@@ -22,7 +22,7 @@ TEST_F(ColorsTest, readsAndWritesHtml) {
         Long color;
     };
     for (const auto& [text, color] :
-         {Row{u"#FFF", 0xFFFFFF}, Row{u"FFF", 0xFFFFFF}, Row{u"xFFFFFF", 0xFFFFFF}, Row{u"#12", 0}, Row{u"", 0},
+         {Row{u"#FFF", 0xFFFFFF}, Row{u"FFF", 0xFFFFFF}, Row{u"xFFFFFF", 0xFFFFFF}, Row{u"#12", 0x221100}, Row{u"", 0},
           Row{u"#1G0000", 1}, Row{u"0a0B0c", 0x0C0B0A}, Row{u"G00", 0}, Row{u"#gg10-1", 0x001000}, Row{u"12345678", 0},
           Row{u"#123", 0x332211}, Row{u"1G3", 0x330011}}) {
         expectBoth<&moxColors::HTML2RGB>(colors, u"HTML2RGB", color, String(text));
