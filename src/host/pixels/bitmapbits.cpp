@@ -5,6 +5,7 @@
 #include "host/pixels/standardcolors.h"
 
 #include <algorithm>
+#include <array>
 
 namespace mox::host {
 
@@ -35,6 +36,19 @@ void describeFormat(const BitmapFormat& format, BITMAPINFO& info) {
     info.bmiHeader.biClrUsed = 0;
     const std::size_t size = dibRowBytes(format.width, format.bitsPerPixel) * static_cast<std::size_t>(format.height);
     info.bmiHeader.biSizeImage = size <= 0xFFFFFFFF ? static_cast<std::uint32_t>(size) : 0;
+}
+
+/// Fills a row with that of the bitmap, and 0 behind it.
+void convertRow(const Bitmap& bitmap, int y, const BitmapFormat& format, std::span<std::byte> row) {
+    constexpr int most = 512;
+    std::array<Pixel, most> pixels{};
+    std::ranges::fill(row, std::byte{0});
+    const int width = std::min(format.width, bitmap.width());
+    for (int x = 0; x < width; x += std::min(most, width - x)) {
+        const std::span<Pixel> part(pixels.data(), static_cast<std::size_t>(std::min(most, width - x)));
+        bitmap.read(x, y, part);
+        writePixels(format, row.data(), x, part);
+    }
 }
 
 std::int32_t query(const Bitmap& bitmap, BITMAPINFO& info) {
@@ -88,14 +102,10 @@ std::int32_t getBits(const Bitmap& bitmap, std::uint32_t start, std::uint32_t li
     }
     format->colors = colorsFor(bitmap, format->bitsPerPixel);
     describeFormat(*format, info);
-    std::vector<Pixel> pixels(static_cast<std::size_t>(std::min(format->width, bitmap.width())));
     const int lowest = bitmap.height() - 1 - static_cast<int>(start);
     for (int i = 0; i < count; ++i) {
         const int line = format->isTopDown ? count - 1 - i : i;
-        const auto row = bits.subspan(static_cast<std::size_t>(line) * rowBytes, rowBytes);
-        std::ranges::fill(row, std::byte{0});
-        bitmap.read(0, lowest - i, pixels);
-        writePixels(*format, row.data(), 0, pixels);
+        convertRow(bitmap, lowest - i, *format, bits.subspan(static_cast<std::size_t>(line) * rowBytes, rowBytes));
     }
     return count;
 }

@@ -59,19 +59,23 @@ RECT sourceArea(const Placement& placement, const Bitmap& source) {
             within(placement.x.source().end, source.width()), within(placement.y.source().end, source.height())};
 }
 
+/// Columns that are copied at a time, so that rows in between stay small whatever the width of a bitmap is.
+constexpr int widest = 1 << 14;
+
 /// A bitmap of its own with an area of another.
 std::shared_ptr<Bitmap> cutOut(const Bitmap& source, const RECT& area) {
-    auto result = Bitmap::create({.width = area.right - area.left,
-                                  .height = area.bottom - area.top,
-                                  .bitsPerPixel = source.bitsPerPixel(),
-                                  .isSection = source.isSection(),
-                                  .masks = source.masks(),
-                                  .colors = {source.colors().begin(), source.colors().end()}});
+    BitmapFormat format = source.format();
+    format.width = area.right - area.left;
+    format.height = area.bottom - area.top;
+    auto result = Bitmap::create(std::move(format));
     if (result) {
-        std::vector<Pixel> row(static_cast<std::size_t>(result->width()));
+        std::vector<Pixel> row;
         for (int y = 0; y < result->height(); ++y) {
-            source.read(area.left, area.top + y, row);
-            result->write(0, y, row);
+            for (int x = 0; x < result->width(); x += widest) {
+                row.resize(static_cast<std::size_t>(std::min(widest, result->width() - x)));
+                source.read(area.left + x, area.top + y, row);
+                result->write(x, y, row);
+            }
         }
     }
     return result;
@@ -156,12 +160,13 @@ private:
 /// A copy row by row, of any kind.
 class RowCopy {
 public:
-    RowCopy(Bitmap& target, const ImageCopy& copy, const Placement& placement, const Bitmap* source, bool isWithin)
+    /// Of the columns from `left` to `right` - 1.
+    RowCopy(Bitmap& target, const ImageCopy& copy, const Placement& placement, int left, int right, const Bitmap* source,
+            bool isWithin)
         : target_(target), copy_(copy), isRaster_(copy.kind == Kind::raster), hasPaint_(isRaster_ && usesPattern(copy.rop)),
           isUpwards_(isWithin && placement.distance().y < 0), paint_(copy.paint, target.isMonochrome()) {
         if (source) {
-            source_.emplace(copy, placement.x, placement.y, placement.visible.left, placement.visible.right,
-                            isRaster_ && target.isMonochrome(), isWithin);
+            source_.emplace(copy, placement.x, placement.y, left, right, isRaster_ && target.isMonochrome(), isWithin);
         }
     }
 
@@ -239,7 +244,8 @@ private:
 bool copyVisible(Bitmap& target, const ImageCopy& copy, const Bitmap* source, const Placement& placement, const Region& visible) {
     const auto boxes = visible.boxes();
     const bool isWithin = source == &target && !isEmpty(intersection(sourceArea(placement, target), placement.visible));
-    if (isWithin && (boxes.size() > 1 || !placement.isShift())) {
+    const int width = placement.visible.right - placement.visible.left;
+    if (isWithin && (boxes.size() > 1 || !placement.isShift() || width > widest)) {
         const RECT area = sourceArea(placement, target);
         ImageCopy detached = copy;
         detached.source = cutOut(target, area);
@@ -254,9 +260,15 @@ bool copyVisible(Bitmap& target, const ImageCopy& copy, const Bitmap* source, co
         }
         return true;
     }
-    RowCopy rows(target, copy, placement, source, isWithin);
-    for (const Box& box : boxes) {
-        rows.copy(box);
+    for (int left = placement.visible.left; left < placement.visible.right;) {
+        const int right = left + std::min(widest, placement.visible.right - left);
+        RowCopy rows(target, copy, placement, left, right, source, isWithin);
+        for (const Box& box : boxes) {
+            if (box.x1 < right && box.x2 > left) {
+                rows.copy({std::max(box.x1, left), box.y1, std::min(box.x2, right), box.y2});
+            }
+        }
+        left = right;
     }
     return true;
 }

@@ -54,24 +54,35 @@ bool overlap(const SignedRect& a, const SignedRect& b) {
     return !isEmpty(intersection(rect(a), rect(b)));
 }
 
+/// `area` in pixels of the source.
+bool combine(DeviceContext& context, const SignedRect& target, std::shared_ptr<const Bitmap> source, const SignedRect& area,
+             platform::COLORREF sourceBackColor, std::uint32_t rop) {
+    if (!keepsAxes(context) || (usesSource(rop) && !source)) {
+        return false;
+    }
+    ImageCopy copy = copyInto(context, CopyKind::raster, context.toDevice(target), std::move(source), area);
+    copy.rop = rop;
+    copy.sourceBackColor = sourceBackColor;
+    return context.canvas().copy(copy, context.clip());
+}
+
+/// `from` in logical units of the source.
+bool combine(DeviceContext& context, const SignedRect& target, const DeviceContext* source, const SignedRect& from,
+             std::uint32_t rop) {
+    if (!source || !usesSource(rop)) {
+        return combine(context, target, nullptr, {}, 0, rop);
+    }
+    return combine(context, target, pixelsOf(*source), source->toDevice(from), source->state().bkColor, rop);
+}
+
 } // namespace
 
 bool DeviceContext::bitBlt(const SignedRect& target, const DeviceContext* source, POINT from, std::uint32_t rop) {
-    return stretchBlt(target, source, {from.x, from.y, target.cx, target.cy}, rop);
+    return combine(*this, target, source, {from.x, from.y, target.cx, target.cy}, rop);
 }
 
 bool DeviceContext::stretchBlt(const SignedRect& target, const DeviceContext* source, const SignedRect& from, std::uint32_t rop) {
-    if (!usesSource(rop)) {
-        return drawBitmap(target, nullptr, {}, rop);
-    }
-    auto pixels = source ? pixelsOf(*source) : nullptr;
-    if (!pixels || !keepsAxes(*this)) {
-        return false;
-    }
-    ImageCopy copy = copyInto(*this, CopyKind::raster, toDevice(target), std::move(pixels), source->toDevice(from));
-    copy.rop = rop;
-    copy.sourceBackColor = source->state().bkColor;
-    return canvas().copy(copy, clip());
+    return combine(*this, target, source, from, rop);
 }
 
 bool DeviceContext::transparentBlt(const SignedRect& target, const DeviceContext& source, const SignedRect& from,
@@ -104,13 +115,7 @@ bool DeviceContext::alphaBlend(const SignedRect& target, const DeviceContext& so
 
 bool DeviceContext::drawBitmap(const SignedRect& target, std::shared_ptr<const Bitmap> source, const SignedRect& from,
                                std::uint32_t rop) {
-    if (!keepsAxes(*this) || (usesSource(rop) && !source)) {
-        return false;
-    }
-    ImageCopy copy = copyInto(*this, CopyKind::raster, toDevice(target), std::move(source), from);
-    copy.rop = rop;
-    copy.sourceBackColor = state().bkColor;
-    return canvas().copy(copy, clip());
+    return combine(*this, target, std::move(source), from, state().bkColor, rop);
 }
 
 } // namespace mox::host

@@ -141,14 +141,28 @@ constexpr std::uint32_t twoBytes = 0x00FF00FF;
 
 } // namespace
 
-MOX_VECTOR_CODE void layOver(std::uint8_t alpha, Pixel* target, const Pixel* source, std::size_t count) noexcept {
+namespace {
+
+/// `scaled` gives the source's pairs of bytes times the constant alpha.
+template <class Scale>
+[[gnu::always_inline]] inline void layOverEach(Pixel* target, const Pixel* source, std::size_t count, Scale scaled) {
     for (std::size_t i = 0; i < count; ++i) {
-        const std::uint32_t low = dividedPair((source[i] & twoBytes) * alpha);
-        const std::uint32_t high = dividedPair((source[i] >> 8 & twoBytes) * alpha);
+        const std::uint32_t low = scaled(source[i] & twoBytes);
+        const std::uint32_t high = scaled(source[i] >> 8 & twoBytes);
         const std::uint32_t rest = 255 - (high >> 16);
         const std::uint32_t lowSum = saturatedPair(low + dividedPair((target[i] & twoBytes) * rest));
         const std::uint32_t highSum = saturatedPair(high + dividedPair((target[i] >> 8 & twoBytes) * rest));
         target[i] = lowSum | highSum << 8;
+    }
+}
+
+} // namespace
+
+MOX_VECTOR_CODE void layOver(std::uint8_t alpha, Pixel* target, const Pixel* source, std::size_t count) noexcept {
+    if (alpha == 255) {
+        layOverEach(target, source, count, [](std::uint32_t pair) { return pair; });
+    } else {
+        layOverEach(target, source, count, [=](std::uint32_t pair) { return dividedPair(pair * alpha); });
     }
 }
 
