@@ -101,11 +101,22 @@ int main(int argc, char** argv) {
     measure("StretchBltThird", [](Handle to, Handle from) {
         return gdi32().StretchBlt(to, 0, 0, width / 3, height / 3, from, 0, 0, width, height, SRCCOPY);
     });
-    return bench::runWithRatios(argc, argv,
-                                {{"BitBlt of 3840 x 2160 pixels against memcpy", "BitBlt", "copy", 1.2},
-                                 {"TransparentBlt against memcpy", "TransparentBlt", "copy", 2},
-                                 {"AlphaBlend with a constant alpha against memcpy", "AlphaBlend", "copy", 2.3},
-                                 {"AlphaBlend with alpha in the pixels against memcpy", "AlphaBlendOwn", "copy", 3},
-                                 {"StretchBlt to a half by means against memcpy of the source", "StretchBltHalf", "copy", 3.5},
-                                 {"StretchBlt to a third by means against memcpy of the source", "StretchBltThird", "copy", 30}});
+    measure("StretchBltLarger",
+            [](Handle to, Handle from) { return gdi32().StretchBlt(to, 0, 0, width, height, from, 0, 0, 1400, 800, SRCCOPY); });
+    measure("StretchBltNearest", [](Handle to, Handle from) {
+        gdi32().SetStretchBltMode(to, COLORONCOLOR);
+        const bool isDone = gdi32().StretchBlt(to, 0, 0, width, height, from, 0, 0, 1400, 800, SRCCOPY);
+        gdi32().SetStretchBltMode(to, HALFTONE);
+        return isDone;
+    });
+    return bench::runWithRatios(
+        argc, argv,
+        {{"BitBlt of 3840 x 2160 pixels against memcpy", "BitBlt", "copy", 1.2},
+         {"TransparentBlt against memcpy", "TransparentBlt", "copy", 2},
+         {"AlphaBlend with a constant alpha against memcpy", "AlphaBlend", "copy", 2.3},
+         {"AlphaBlend with alpha in the pixels against memcpy", "AlphaBlendOwn", "copy", 2.5},
+         {"StretchBlt to a half by means against memcpy of the source", "StretchBltHalf", "copy", 3.5},
+         {"StretchBlt to a third by means against memcpy of the source", "StretchBltThird", "copy", 15},
+         {"StretchBlt of an area to all of it by means against memcpy", "StretchBltLarger", "copy", 16},
+         {"StretchBlt of an area to all of it by nearest pixels against memcpy", "StretchBltNearest", "copy", 4}});
 }
