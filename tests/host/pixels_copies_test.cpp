@@ -242,6 +242,28 @@ TEST(PixelsCopiesTest, copiesWithinOneBitmap) {
     }
 }
 
+TEST(PixelsCopiesTest, copiesBetweenPartsOfOneBitmap) {
+    Cases cases(7);
+    for (int turn = 0; turn < 120; ++turn) {
+        const auto whole = randomBitmap(formats[0], 30, 20, cases.random);
+        const RECT areas[] = {{0, 0, 30, 20}, {3, 2, 24, 17}, {5, 1, 30, 20}};
+        const RECT to = areas[turn % 3];
+        const auto target = Bitmap::part(whole, to);
+        const auto source = turn % 5 == 0 ? whole : Bitmap::part(whole, areas[cases.between(0, 2)]);
+        const Picture before(*whole);
+        ImageCopy copy = cases.copy(turn % 7 == 0 ? Kind::transparent : Kind::raster, *target, source, turn % 4 == 0);
+        copy.rop = turn % 2 == 0 ? SRCCOPY : platform::SRCINVERT;
+        expectAsModel(target, copy, randomClip(target->width(), target->height(), cases.random), "parts");
+        const Picture after(*whole);
+        for (int y = 0; y < 20; ++y) {
+            for (int x = 0; x < 30; ++x) {
+                const bool isInside = x >= to.left && x < to.right && y >= to.top && y < to.bottom;
+                ASSERT_TRUE(isInside || after.at(x, y) == before.at(x, y)) << x << ", " << y;
+            }
+        }
+    }
+}
+
 TEST(PixelsCopiesTest, takesHugeExtentsWithoutOverflowOrDelay) {
     constexpr std::int32_t far = 1 << 28;
     const SignedRect all[] = {{-far, -far, 2 * far, 2 * far},

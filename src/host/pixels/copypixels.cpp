@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <optional>
 
 namespace mox::host {
@@ -79,6 +80,13 @@ std::shared_ptr<Bitmap> cutOut(const Bitmap& source, const RECT& area) {
         }
     }
     return result;
+}
+
+/// True for two bitmaps of which one may show pixels of the other, or both those of a third one.
+bool overlap(const Bitmap& a, const Bitmap& b) {
+    const std::byte* const aEnd = a.bytes().data() + a.bytes().size();
+    const std::byte* const bEnd = b.bytes().data() + b.bytes().size();
+    return &a != &b && std::less<>()(a.bytes().data(), bEnd) && std::less<>()(b.bytes().data(), aEnd);
 }
 
 /// True if pixels go from one to the other as they are, a whole number of bytes each.
@@ -245,10 +253,10 @@ bool copyVisible(Bitmap& target, const ImageCopy& copy, const Bitmap* source, co
     const auto boxes = visible.boxes();
     const bool isWithin = source == &target && !isEmpty(intersection(sourceArea(placement, target), placement.visible));
     const int width = placement.visible.right - placement.visible.left;
-    if (isWithin && (boxes.size() > 1 || !placement.isShift() || width > widest)) {
-        const RECT area = sourceArea(placement, target);
+    if ((isWithin && (boxes.size() > 1 || !placement.isShift() || width > widest)) || (source && overlap(target, *source))) {
+        const RECT area = sourceArea(placement, *source);
         ImageCopy detached = copy;
-        detached.source = cutOut(target, area);
+        detached.source = cutOut(*source, area);
         detached.area.x -= area.left;
         detached.area.y -= area.top;
         return detached.source && copyPixels(target, detached, visible);
