@@ -294,6 +294,18 @@ TEST(PixelsCopiesTest, takesHugeExtentsWithoutOverflowOrDelay) {
             }
         }
     }
+    // Nothing that wraps.
+    for (const SignedRect& area : {SignedRect{-0x7FFFFFFF - 1, 0, 4, 4}, {0, 0x7FFFFFFF, 4, 4}, {0, 0, -0x7FFFFFFF - 1, 4}}) {
+        const auto bitmap = Bitmap::create(8, 8);
+        ImageCopy copy;
+        copy.source = bitmap;
+        copy.target = {1, 1, 4, 4};
+        copy.area = area;
+        EXPECT_FALSE(RasterCanvas(bitmap).copy(copy, Region(bitmap->bounds())));
+        copy.target = area;
+        copy.area = {1, 1, 4, 4};
+        EXPECT_FALSE(RasterCanvas(bitmap).copy(copy, Region(bitmap->bounds())));
+    }
     // A source of 2^31 - 1 pixels in one row.
     const auto wide = Bitmap::create({.width = 0x7FFFFFFF, .height = 1, .bitsPerPixel = 1});
     const auto bitmap = Bitmap::create(4, 1);

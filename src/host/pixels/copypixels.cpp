@@ -1,15 +1,11 @@
 #include "host/pixels/copypixels.h"
 
-#include "host/graphics/rawpixels.h"
-#include "host/pixels/copyaxis.h"
-#include "host/pixels/paintrows.h"
-#include "host/pixels/pixelloops.h"
-#include "host/pixels/sourcerows.h"
+#include "host/pixels/rasteroperation.h"
+#include "host/pixels/rowcopy.h"
 
 #include <algorithm>
 #include <cstring>
 #include <functional>
-#include <optional>
 
 namespace mox::host {
 
@@ -17,22 +13,6 @@ namespace {
 
 using Kind = ImageCopy::Kind;
 using Box = pixman_box32_t;
-
-std::size_t widthOf(const Box& box) {
-    return static_cast<std::size_t>(box.x2 - box.x1);
-}
-
-/// The axes of a copy, and what of the target it can reach.
-struct Placement {
-    CopyAxis x;
-    CopyAxis y;
-    RECT visible;
-    bool isShift() const noexcept { return x.isShift() && y.isShift(); }
-    POINT distance() const noexcept {
-        return {static_cast<std::int32_t>(x.source().begin - x.target().begin),
-                static_cast<std::int32_t>(y.source().begin - y.target().begin)};
-    }
-};
 
 Placement placementOf(const ImageCopy& copy, const Bitmap* source, const RECT& bounds) {
     const SignedRect& to = copy.target;
@@ -58,6 +38,13 @@ RECT sourceArea(const Placement& placement, const Bitmap& source) {
     };
     return {within(placement.x.source().begin, source.width()), within(placement.y.source().begin, source.height()),
             within(placement.x.source().end, source.width()), within(placement.y.source().end, source.height())};
+}
+
+/// What the sums of places and their products have room for.
+bool isInReach(const SignedRect& area) {
+    constexpr std::int64_t most = 1 << 29;
+    const std::int64_t numbers[] = {area.x, area.y, area.cx, area.cy};
+    return std::ranges::all_of(numbers, [](std::int64_t number) { return std::abs(number) <= most; });
 }
 
 /// Columns that are copied at a time, so that rows in between stay small whatever the width of a bitmap is.
@@ -115,140 +102,6 @@ void moveBytes(Bitmap& target, const Box& box, const Bitmap& source, POINT dista
     }
 }
 
-/// Rows of the target, to be changed.
-class TargetRows {
-public:
-    explicit TargetRows(Bitmap& bitmap) : bitmap_(bitmap), mask_(rawMask(bitmap)) {}
-
-    bool isPlain() const noexcept { return bitmap_.isPlain(); }
-
-    /// As plain pixels.
-    template <class Change> void change(int x, int y, std::size_t count, bool isRead, Change change) {
-        if (isPlain()) {
-            change(bitmap_.pixels(y) + x);
-            return;
-        }
-        row_.resize(count);
-        if (isRead) {
-            bitmap_.read(x, y, row_);
-        }
-        change(row_.data());
-        bitmap_.write(x, y, row_);
-    }
-
-    /// As the numbers that the bitmap holds.
-    template <class Change> void changeRaw(int x, int y, std::size_t count, Change change) {
-        row_.resize(count);
-        std::byte* const row = bitmap_.row(y);
-        const int depth = bitmap_.bitsPerPixel();
-        for (std::size_t i = 0; i < count; ++i) {
-            row_[i] = rawAt(row, depth, x + static_cast<int>(i));
-        }
-        change(row_.data());
-        for (std::size_t i = 0; i < count; ++i) {
-            setRawAt(row, depth, x + static_cast<int>(i), row_[i] & mask_);
-        }
-    }
-    /// What the bitmap would hold for plain pixels; null for null.
-    const Pixel* toRaw(const Pixel* pixels, std::size_t count, std::vector<Pixel>& place) const {
-        if (!pixels) {
-            return nullptr;
-        }
-        place.resize(count);
-        host::toRaw(bitmap_, {pixels, count}, place);
-        return place.data();
-    }
-
-private:
-    Bitmap& bitmap_;
-    const std::uint32_t mask_;
-    std::vector<Pixel> row_;
-};
-
-/// A copy row by row, of any kind.
-class RowCopy {
-public:
-    /// Of the columns from `left` to `right` - 1.
-    RowCopy(Bitmap& target, const ImageCopy& copy, const Placement& placement, int left, int right, const Bitmap* source,
-            bool isWithin)
-        : target_(target), copy_(copy), isRaster_(copy.kind == Kind::raster), hasPaint_(isRaster_ && usesPattern(copy.rop)),
-          isUpwards_(isWithin && placement.distance().y < 0), paint_(copy.paint, target.isMonochrome()) {
-        if (source) {
-            source_.emplace(copy, placement.x, placement.y, left, right, isRaster_ && target.isMonochrome(), isWithin);
-        }
-    }
-
-    void copy(const Box& box) {
-        for (int i = box.y1; i < box.y2; ++i) {
-            const int y = isUpwards_ ? box.y2 - 1 - (i - box.y1) : i;
-            const Pixel* const source = source_ ? source_->row(y, box.x1, box.x2) : nullptr;
-            if (isRaster_) {
-                combineRow(source, box.x1, y, widthOf(box));
-            } else {
-                target_.change(box.x1, y, widthOf(box), true, [&](Pixel* pixels) { mixRow(pixels, source, widthOf(box)); });
-            }
-        }
-    }
-
-private:
-    void mixRow(Pixel* pixels, const Pixel* source, std::size_t count) const {
-        if (copy_.kind == Kind::transparent) {
-            copyKeyed(toPixel(copy_.transparentColor), pixels, source, count);
-        } else {
-            const auto blend = copy_.blend.AlphaFormat == platform::AC_SRC_ALPHA ? layOver : mix;
-            blend(copy_.blend.SourceConstantAlpha, pixels, source, count);
-        }
-    }
-
-    void combineRow(const Pixel* source, int x, int y, std::size_t count) {
-        const Pixel* const pattern = hasPaint_ ? paint_.row(x, y, count) : nullptr;
-        const auto change = [&](const Pixel* sources, const Pixel* patterns) {
-            return [this, x, y, count, sources, patterns](Pixel* pixels) { combineAt(pixels, sources, patterns, x, y, count); };
-        };
-        // Nothing but one operand means the same in numbers and in colours.
-        const std::uint8_t table = truthTable(copy_.rop);
-        const bool isReplacing = table == truthTable(platform::SRCCOPY) || table == truthTable(platform::PATCOPY);
-        if (target_.isPlain() || (isReplacing && !hasHoles())) {
-            target_.change(x, y, count, false, change(source, pattern));
-        } else {
-            target_.changeRaw(x, y, count,
-                              change(target_.toRaw(source, count, rawSource_), target_.toRaw(pattern, count, rawPattern_)));
-        }
-    }
-
-    void combineAt(Pixel* pixels, const Pixel* source, const Pixel* pattern, int x, int y, std::size_t count) const {
-        if (!hasHoles()) {
-            combineRun(pixels, source, pattern, count);
-            return;
-        }
-        for (std::size_t i = 0; i < count; ++i) {
-            if (!paint_.isHole(x + static_cast<int>(i), y)) {
-                combineRun(pixels + i, source ? source + i : nullptr, pattern + i, 1);
-            }
-        }
-    }
-
-    void combineRun(Pixel* pixels, const Pixel* source, const Pixel* pattern, std::size_t count) const {
-        if (!source && target_.isPlain()) {
-            paintOver(truthTable(copy_.rop), pixels, pattern, count);
-        } else {
-            combine(truthTable(copy_.rop), pixels, source, pattern, count);
-        }
-    }
-
-    bool hasHoles() const noexcept { return hasPaint_ && paint_.hasHoles(); }
-
-    TargetRows target_;
-    const ImageCopy& copy_;
-    const bool isRaster_;
-    const bool hasPaint_;
-    const bool isUpwards_;
-    PaintRows paint_;
-    std::optional<SourceRows> source_;
-    std::vector<Pixel> rawSource_;
-    std::vector<Pixel> rawPattern_;
-};
-
 bool copyVisible(Bitmap& target, const ImageCopy& copy, const Bitmap* source, const Placement& placement, const Region& visible) {
     const auto boxes = visible.boxes();
     const bool isWithin = source == &target && !isEmpty(intersection(sourceArea(placement, target), placement.visible));
@@ -287,6 +140,9 @@ bool copyPixels(Bitmap& target, const ImageCopy& copy, const Region& clip) {
     const bool isRaster = copy.kind == Kind::raster;
     const Bitmap* const source = !isRaster || usesSource(copy.rop) ? copy.source.get() : nullptr;
     if (!source && (!isRaster || usesSource(copy.rop))) {
+        return false;
+    }
+    if (!isInReach(copy.target) || (source && !isInReach(copy.area))) {
         return false;
     }
     if (isRaster && usesPattern(copy.rop) && copy.paint.brush.style == platform::BS_NULL) {

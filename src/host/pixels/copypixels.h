@@ -7,7 +7,7 @@ namespace mox::host {
 
 /// Copies within the target and the clip; cost depends on what is visible, not on the extents of the copy. Pixels of the target
 /// whose pixels in the source are outside of it stay as they are. The source may be the target. False if there is no source,
-/// though one is needed, or no memory; then nothing is changed.
+/// though one is needed, no memory, or a place or an extent is beyond 2^29; then nothing is changed.
 ///
 /// Raster operations work on the numbers that the target holds, as those of pens and brushes do. Of plain pixels the fourth byte
 /// takes part like the others if there is a source, whose fourth byte is 0 unless somebody put something there; without a source
