@@ -54,7 +54,8 @@ PathBox penBox(const SignedRect& area, const Stroke& stroke) {
     const double inset = stroke.pen.width / 2.0;
     const double insetX = std::min(inset, (right - left) / 2);
     const double insetY = std::min(inset, (bottom - top) / 2);
-    return {left + insetX, top + insetY, right - insetX, bottom - insetY};
+    // From the edges of pixels to their middle.
+    return {left + insetX - 0.5, top + insetY - 0.5, right - insetX - 0.5, bottom - insetY - 0.5};
 }
 
 bool isFlat(const RECT& area) {

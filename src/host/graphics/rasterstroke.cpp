@@ -84,7 +84,8 @@ POINT toPixelPlace(PathPoint point) {
 
 void strokeThin(Bitmap& target, const Path& path, const Stroke& stroke, const Region& clip) {
     ThinStroke thin(target, stroke, clip);
-    const Path flat = path.flattened();
+    // Finer than areas need: pixels of a line follow each other, so that a corner shows.
+    const Path flat = path.flattened(0.04);
     auto point = flat.points().begin();
     POINT start;
     POINT current;
