@@ -61,7 +61,7 @@ void SpanPainter::setSolid(platform::COLORREF color) noexcept {
     }
 }
 
-void SpanPainter::mixPlain(Pixel* pixels, int count, const Mix& mix) noexcept {
+void SpanPainter::mixPlain(Pixel* pixels, int count, Mix mix) noexcept {
     // Blocks of a fixed size become vector instructions.
     constexpr int block = 8;
     for (; count >= block; count -= block, pixels += block) {

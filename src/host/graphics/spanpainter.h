@@ -42,7 +42,7 @@ public:
 private:
     enum class Kind { none, plain, solid, hatch, pattern };
 
-    static void mixPlain(Pixel* pixels, int count, const Mix& mix) noexcept;
+    static void mixPlain(Pixel* pixels, int count, Mix mix) noexcept;
     void setSolid(platform::COLORREF color) noexcept;
     void runOther(int y, int x1, int x2) const noexcept;
     void runSolid(int y, int x1, int x2) const noexcept;
