@@ -9,12 +9,12 @@ namespace mox::host {
 
 /// A font of the disk with the facts by which it was chosen.
 struct FontFile {
-    std::string path;
+    std::string path{};
     /// The number of the font in its file; the high half tells the instance of a variable font.
     int index = 0;
     /// In UTF-8.
-    std::string family;
-    std::string style;
+    std::string family{};
+    std::string style{};
     /// In hundredths of the normal width of letters.
     int width = 100;
     /// 100 to 1000, 400 being normal.
@@ -26,7 +26,7 @@ struct FontFile {
 /// What a font is looked for by.
 struct FontRequest {
     /// In UTF-8.
-    std::string family;
+    std::string family{};
     int weight = 400;
     bool isItalic = false;
     std::uint8_t charSet = platform::DEFAULT_CHARSET;
