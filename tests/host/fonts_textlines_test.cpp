@@ -129,7 +129,7 @@ TEST(MnemonicsTest, takesAmpersandsOut) {
         {u"& b", u" b", {}, {0, 2, 3}},   {u"&", u"", {}, {1}},
     };
     for (const Case& expected : cases) {
-        const ShownText shown = readMnemonics(expected.text);
+        const ShownText shown = readMnemonics(std::u16string(expected.text));
         EXPECT_EQ(shown.text, expected.shown);
         EXPECT_EQ(shown.mnemonics, expected.mnemonics) << testing::PrintToString(expected.text);
         EXPECT_EQ(shown.places, expected.places) << testing::PrintToString(expected.text);

@@ -48,7 +48,7 @@ struct Format {
 /// The layout of one text in one rectangle, in logical units.
 class TextBox {
 public:
-    TextBox(DeviceContext& context, const TextSetting& setting, std::u16string_view text, const RECT& area, std::uint32_t format);
+    TextBox(DeviceContext& context, const TextSetting& setting, std::u16string text, const RECT& area, std::uint32_t format);
 
     void measureInto(RECT& area) const;
     void draw();
@@ -91,22 +91,17 @@ private:
     std::vector<Line> lines_;
 };
 
-TextBox::TextBox(DeviceContext& context, const TextSetting& setting, std::u16string_view text, const RECT& area,
-                 std::uint32_t format)
+TextBox::TextBox(DeviceContext& context, const TextSetting& setting, std::u16string text, const RECT& area, std::uint32_t format)
     : context_(context), setting_(setting), area_(area), format_(format),
-      shown_(format_.has(DT_NOPREFIX) ? ShownText{std::u16string(text)} : readMnemonics(text)) {
+      shown_(format_.has(DT_NOPREFIX) ? ShownText{std::move(text)} : readMnemonics(std::move(text))) {
     measureCharacters();
     measureLineHeight();
     breakText();
 }
 
 void TextBox::measureCharacters() {
-    std::vector<Typeface::Character> characters(shown_.text.size());
-    setting_.typeface->shape(shown_.text, characters);
-    advances_.resize(characters.size());
-    std::ranges::transform(characters, advances_.begin(), [&](const Typeface::Character& character) {
-        return static_cast<double>(character.advance) * setting_.unitsAlong;
-    });
+    advances_.resize(shown_.text.size());
+    setting_.typeface->measure(shown_.text, setting_.unitsAlong, advances_);
     const double average = setting_.typeface->averageWidth() * setting_.unitsAlong;
     measured_ = {shown_.text, advances_, format_.has(DT_EXPANDTABS) ? average * format_.tabCharacters : 0};
 }
@@ -295,7 +290,7 @@ void TextBox::underline(POINT point, double from, double to) {
 
 } // namespace
 
-std::int32_t drawText(DeviceContext& context, std::u16string_view text, RECT& area, std::uint32_t format,
+std::int32_t drawText(DeviceContext& context, const TextSetting& setting, std::u16string text, RECT& area, std::uint32_t format,
                       std::vector<TextCut>& cuts) {
     const bool isMeasured = Format(format).has(DT_CALCRECT);
     if (text.empty()) {
@@ -305,11 +300,10 @@ std::int32_t drawText(DeviceContext& context, std::u16string_view text, RECT& ar
         }
         return 0;
     }
-    const TextSetting setting = textSetting(context);
     if (!setting) {
         return 0;
     }
-    TextBox box(context, setting, text, area, format);
+    TextBox box(context, setting, std::move(text), area, format);
     box.addCuts(cuts);
     if (isMeasured) {
         box.measureInto(area);

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
+#include <string>
 #include <vector>
 
 namespace mox::host {
@@ -17,9 +17,11 @@ struct TextCut {
     bool operator==(const TextCut&) const = default;
 };
 
-/// Draws into a rectangle by `DT_` flags, or measures into it. Gives the height; 0 for no text, or if nothing can be drawn. What
-/// was left out for want of room is added to `cuts`, in order.
-std::int32_t drawText(DeviceContext& context, std::u16string_view text, RECT& area, std::uint32_t format,
+struct TextSetting;
+
+/// Draws into a rectangle by `DT_` flags, or measures into it. Gives the height; 0 for no text, or if nothing can be drawn.
+/// `setting` is that of the context. What was left out for want of room is added to `cuts`, in order.
+std::int32_t drawText(DeviceContext& context, const TextSetting& setting, std::u16string text, RECT& area, std::uint32_t format,
                       std::vector<TextCut>& cuts);
 
 } // namespace mox::host

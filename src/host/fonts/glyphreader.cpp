@@ -1,6 +1,6 @@
 #include "host/fonts/glyphreader.h"
 
-#include <cmath>
+#include <cstdint>
 
 namespace mox::host {
 
@@ -13,6 +13,13 @@ constexpr int steps = 4;
 double bounded(double place) {
     constexpr double most = 1 << 28;
     return place >= -most && place <= most ? place : most;
+}
+
+/// The whole number nearest to a place, halves upwards.
+std::int64_t nearest(double place) {
+    const double moved = place + 0.5;
+    const auto whole = static_cast<std::int64_t>(moved);
+    return whole - (moved < static_cast<double>(whole) ? 1 : 0);
 }
 
 } // namespace
@@ -48,8 +55,8 @@ GlyphReader::Placed GlyphReader::placeIn(const Typeface& source, std::uint32_t n
     }
     const bool hasFractions = source.isTurned() && source.quality_ != TextQuality::plain;
     const int unit = hasFractions ? steps : 1;
-    const auto x = static_cast<std::int64_t>(std::floor(position.x * unit + 0.5));
-    const auto y = static_cast<std::int64_t>(std::floor(position.y * unit + 0.5));
+    const std::int64_t x = nearest(position.x * unit);
+    const std::int64_t y = nearest(position.y * unit);
     // Rounds down, below 0 too.
     const std::int64_t shift = hasFractions ? 2 : 0;
     Placed placed{nullptr, static_cast<int>(x >> shift), static_cast<int>(y >> shift), false};

@@ -1,10 +1,12 @@
 #include "host/fonts/mnemonics.h"
 
+#include <utility>
+
 namespace mox::host {
 
-ShownText readMnemonics(std::u16string_view text) {
-    if (text.find(u'&') == std::u16string_view::npos) {
-        return {std::u16string(text)};
+ShownText readMnemonics(std::u16string text) {
+    if (text.find(u'&') == std::u16string::npos) {
+        return {std::move(text)};
     }
     ShownText shown;
     for (std::size_t place = 0; place < text.size(); ++place) {

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace mox::host {
@@ -22,6 +21,6 @@ struct ShownText {
 };
 
 /// Takes single ampersands out and doubled ones as one.
-MOX_API ShownText readMnemonics(std::u16string_view text);
+MOX_API ShownText readMnemonics(std::u16string text);
 
 } // namespace mox::host

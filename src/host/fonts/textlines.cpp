@@ -1,6 +1,7 @@
 #include "host/fonts/textlines.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace mox::host {
@@ -14,6 +15,13 @@ bool breaksAnywhere(char16_t unit) {
 
 bool isBlank(char16_t unit) {
     return unit == u' ' || unit == u'\t';
+}
+
+/// The place of the next break, else the end.
+std::size_t breakFrom(std::u16string_view text, std::size_t begin) {
+    const auto isBreak = [](char16_t unit) { return unit == u'\r' || unit == u'\n'; };
+    return static_cast<std::size_t>(std::find_if(text.begin() + static_cast<std::ptrdiff_t>(begin), text.end(), isBreak) -
+                                    text.begin());
 }
 
 /// One line's way through a part of the text without breaks.
@@ -79,6 +87,14 @@ double MeasuredText::nextStop(double from) const noexcept {
 }
 
 double MeasuredText::width(std::size_t begin, std::size_t end, double from) const noexcept {
+    if (tabWidth == 0) {
+        // Several sums, so that one addition need not wait for the one before.
+        std::array<double, 4> sums{};
+        for (std::size_t place = begin; place < end; ++place) {
+            sums[place % 4] += advances[place];
+        }
+        return sums[0] + sums[1] + sums[2] + sums[3];
+    }
     double x = from;
     for (std::size_t place = begin; place < end; ++place) {
         x = isTab(place) ? nextStop(x) : x + advances[place];
@@ -91,9 +107,9 @@ std::vector<TextLine> breakLines(const MeasuredText& text, bool isSingle, WordBr
     const Breaker breaker(text, wordBreak, width);
     std::size_t begin = 0;
     while (true) {
-        const std::size_t found = isSingle ? std::u16string_view::npos : text.text.find_first_of(u"\r\n", begin);
-        breaker.breakPart(begin, std::min(found, text.text.size()), lines);
-        if (found == std::u16string_view::npos) {
+        const std::size_t found = isSingle ? text.text.size() : breakFrom(text.text, begin);
+        breaker.breakPart(begin, found, lines);
+        if (found == text.text.size()) {
             return lines;
         }
         const bool isPair = text.text[found] == u'\r' && found + 1 < text.text.size() && text.text[found + 1] == u'\n';

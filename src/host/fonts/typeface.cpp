@@ -219,51 +219,51 @@ Typeface::Character Typeface::find(char32_t character) const {
     return glyph == 0 ? substituted(character) : Character{glyph, advanceOf(glyph)};
 }
 
-const Typeface::Character& Typeface::character(char16_t unit) const {
+inline const Typeface::Character& Typeface::character(char16_t unit) const {
+    const auto& page = characters_[unit / pageSize];
+    return page && (*page)[unit % pageSize].advance >= 0 ? (*page)[unit % pageSize] : newCharacter(unit);
+}
+
+const Typeface::Character& Typeface::newCharacter(char16_t unit) const {
     auto& page = characters_[unit / pageSize];
-    constexpr Character unknown{noGlyph, -1};
     if (!page) {
         page = std::make_unique<Page>();
-        page->fill(unknown);
+        page->fill({noGlyph, -1});
     }
     Character& entry = (*page)[unit % pageSize];
-    if (entry.advance < 0) {
-        entry = find(unit);
-        entry.advance = std::max(entry.advance, 0.0F);
-    }
+    entry = find(unit);
+    entry.advance = std::max(entry.advance, 0.0F);
     return entry;
 }
 
-void Typeface::shape(std::u16string_view text, std::span<Character> characters) const {
+/// Hands over each unit's place and character.
+template <class Take> void Typeface::walk(std::u16string_view text, Take take) const {
     const std::lock_guard lock(guard_);
     for (std::size_t place = 0; place < text.size(); ++place) {
         const char16_t unit = text[place];
-        const bool isPair = (unit & 0xFC00) == 0xD800 && place + 1 < text.size() && (text[place + 1] & 0xFC00) == 0xDC00;
-        if (isPair) {
-            characters[place] = find(0x10000U + ((unit & 0x3FFU) << 10) + (text[place + 1] & 0x3FFU));
-            characters[++place] = {};
+        if ((unit & 0xFC00) == 0xD800 && place + 1 < text.size() && (text[place + 1] & 0xFC00) == 0xDC00) {
+            take(place, find(0x10000U + ((unit & 0x3FFU) << 10) + (text[place + 1] & 0x3FFU)));
+            take(++place, Character());
         } else {
-            characters[place] = character(unit);
+            take(place, character(unit));
         }
     }
 }
 
+void Typeface::shape(std::u16string_view text, std::span<Character> characters) const {
+    walk(text, [&](std::size_t place, const Character& character) { characters[place] = character; });
+}
+
+void Typeface::measure(std::u16string_view text, double unit, std::span<double> advances) const {
+    walk(text,
+         [&](std::size_t place, const Character& character) { advances[place] = static_cast<double>(character.advance) * unit; });
+}
+
 double Typeface::width(std::u16string_view text) const {
-    double sum = 0;
-    std::array<Character, 256> some;
-    for (std::size_t place = 0; place < text.size();) {
-        std::size_t count = std::min(text.size() - place, some.size());
-        // Pairs stay together.
-        if (count == some.size() && (text[place + count - 1] & 0xFC00) == 0xD800) {
-            --count;
-        }
-        shape(text.substr(place, count), some);
-        for (std::size_t one = 0; one < count; ++one) {
-            sum += some[one].advance;
-        }
-        place += count;
-    }
-    return sum;
+    // Several sums, so that one addition need not wait for the one before.
+    std::array<double, 4> sums{};
+    walk(text, [&](std::size_t place, const Character& character) { sums[place % 4] += static_cast<double>(character.advance); });
+    return sums[0] + sums[1] + sums[2] + sums[3];
 }
 
 const Typeface& Typeface::sourceOf(std::uint32_t glyph) const {

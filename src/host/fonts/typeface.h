@@ -82,6 +82,8 @@ public:
     /// One entry a unit of `text`; `characters` has to be as long.
     void shape(std::u16string_view text, std::span<Character> characters) const;
     double width(std::u16string_view text) const;
+    /// The advances of the units, times `unit`; `advances` has to be as long.
+    void measure(std::u16string_view text, double unit, std::span<double> advances) const;
 
     /// The typeface that a glyph is really taken from, as characters that are missing here come from other fonts.
     const Typeface& sourceOf(std::uint32_t glyph) const;
@@ -100,6 +102,8 @@ private:
     void selectCharacterMap(std::uint8_t charSet);
     std::uint32_t glyphIndex(char32_t character) const;
     const Character& character(char16_t unit) const;
+    const Character& newCharacter(char16_t unit) const;
+    template <class Take> void walk(std::u16string_view text, Take take) const;
     Character find(char32_t character) const;
     Character substituted(char32_t character) const;
     float advanceOf(std::uint32_t glyph) const;

@@ -71,8 +71,8 @@ std::int32_t drawTextBytes(Machine& machine, platform::Handle hdc, std::span<cha
         return 0;
     }
     std::vector<TextCut> cuts;
-    const std::u16string text = textFor(textSetting(*context), machine.codePage, *bytes);
-    const std::int32_t height = drawText(*context, text, area, format, cuts);
+    const TextSetting setting = textSetting(*context);
+    const std::int32_t height = drawText(*context, setting, textFor(setting, machine.codePage, *bytes), area, format, cuts);
     if ((format & platform::DT_MODIFYSTRING) != 0 && !cuts.empty()) {
         writeShortened(machine.codePage, buffer, std::string(*bytes), cuts);
     }
