@@ -15,7 +15,7 @@ struct ClassesTest : PicturesTest {
 };
 
 TEST_F(ClassesTest, areCreatedByTheirNames) {
-    for (const char16_t* name : {u"StdFont", u"StdPicture", u"Screen", u"Global"}) {
+    for (const char16_t* name : {u"StdFont", u"StdPicture", u"PropertyBag", u"Screen", u"Global"}) {
         const std::u16string progId = std::u16string(u"MoxRuntime.") + name;
         CLSID id{};
         ASSERT_EQ(CLSIDFromProgID(progId.c_str(), &id), S_OK);

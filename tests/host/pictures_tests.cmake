@@ -1,1 +1,9 @@
-set(HOST_PICTURES_TESTS pictures_classes_test.cpp pictures_font_test.cpp pictures_picture_test.cpp)
+set(HOST_PICTURES_TESTS
+    pictures_bag_test.cpp
+    pictures_bitmaps_test.cpp
+    pictures_classes_test.cpp
+    pictures_font_test.cpp
+    pictures_icons_test.cpp
+    pictures_loading_test.cpp
+    pictures_picture_test.cpp
+    pictures_pixels_test.cpp)

@@ -120,6 +120,24 @@ struct PICTDESC {
 /// failure the handle stays the caller's. `E_INVALIDARG` for a handle that is none of that kind or a wrong size.
 MOX_EXPORT HRESULT OleCreatePictureIndirect(const PICTDESC* lpPictDesc, REFIID riid, BOOL fOwn, PVOID* lplpvObj);
 
+// Pictures for programs that have no image files of their own. Rows run from the top down; a pixel is the four bytes blue, green,
+// red and one that does not count.
+
+/// The size in pixels of a picture object or, without one, of what a device context draws on. `E_INVALIDARG` if it has none.
+MOX_EXPORT HRESULT MoxGetPixelSize(IUnknown* picture, LONG hdc, LONG* width, LONG* height);
+/// Copies a rectangle of a picture object or, without one, of a device context, whose logical units count. Icons and metafiles
+/// are shown on white. `E_INVALIDARG` for an area that is not all inside, or if `size` is not 4 * cx * cy.
+MOX_EXPORT HRESULT MoxGetPixels(IUnknown* picture, LONG hdc, LONG x, LONG y, LONG cx, LONG cy, BYTE* rows, std::size_t size);
+/// A new picture object that shows a bitmap of such rows. `E_INVALIDARG` if there are no pixels, or if `size` is not
+/// 4 * width * height.
+MOX_EXPORT HRESULT MoxCreatePicture(LONG width, LONG height, const BYTE* rows, std::size_t size, REFIID riid, PVOID* picture);
+/// A new picture object from the bytes of an image file: BMP, ICO, CUR, WMF, EMF, PNG, JPEG or GIF. 0x800A01E1 (481) for what is
+/// none of them.
+MOX_EXPORT HRESULT MoxLoadPicture(const BYTE* file, std::size_t size, REFIID riid, PVOID* picture);
+/// The bytes of an image file with a picture object, an array of bytes that becomes the caller's: in the format of its kind, or
+/// as PNG with 8 bits a channel, for which icons and metafiles are shown on white. `E_INVALIDARG` for an empty picture.
+MOX_EXPORT HRESULT MoxSavePicture(IUnknown* picture, BOOL asPng, SAFEARRAY** file);
+
 // ---- what is ours
 /// Runs the calling thread's message loop for so many milliseconds, and releases what other threads handed over.
 MOX_EXPORT HRESULT MoxPump(UINT milliseconds);

@@ -16,7 +16,11 @@ public:
     void Load(IDispatch* object) const;
     /// Error 445: there are no forms yet.
     void Unload(IDispatch* object) const;
+    /// An empty picture without a name, and for an empty one. Error 53 or 76 for a file that is not there, 75 for one that cannot
+    /// be read, 481 for what is no image, 7 for one of absurd size.
     Ref<MoxRuntime::IPictureDisp> LoadPicture(const Variant& fileName) const;
+    /// In the format of its kind; the file is replaced when it is written completely. Error 380 for an empty picture, 61, 70, 75
+    /// and 76 for a file that cannot be written.
     void SavePicture(MoxRuntime::IPictureDisp* picture, const String& fileName) const;
 };
 

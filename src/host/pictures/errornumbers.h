@@ -7,6 +7,8 @@ namespace mox::runtime {
 
 inline constexpr Long errInvalidFileFormat = 321;
 inline constexpr Long errNotFoundInBag = 327;
+inline constexpr Long errCannotSaveArray = 328;
+inline constexpr Long errCannotSaveObject = 330;
 inline constexpr Long errInvalidProperty = 380;
 inline constexpr Long errInvalidPicture = 481;
 

@@ -1,5 +1,6 @@
 // The class table of the platform itself.
 #include "host/pictures/Global.h"
+#include "host/pictures/PropertyBag.h"
 #include "host/pictures/Screen.h"
 #include "host/pictures/StdFont.h"
 #include "host/pictures/StdPicture.h"
@@ -20,7 +21,7 @@ template <class Class> Ref<IDispatch> make() {
 constexpr ClassEntry classTable[] = {
     {description::StdFont, &make<StdFont>},
     {description::StdPicture, &make<StdPicture>},
-    {description::PropertyBag, nullptr},
+    {description::PropertyBag, &make<PropertyBag>},
     {description::Screen, &make<Screen>},
     {description::Global, &make<Global>},
     // Described, but without code yet.
