@@ -51,6 +51,16 @@ with ``hresult`` 0x8001010E.
     2
     >>> connection.disconnect()
 
+Pictures and fonts are run-time objects, ``mox.create("StdFont")``. Their pixels are bytes, rows from the top down with blue, green,
+red and a fourth byte that does not count:
+
+    >>> picture = mox.picture(2, 1, bytes([255, 0, 0, 0, 0, 0, 255, 0]))
+    >>> picture.Type, mox.pixels(picture, 1, 0)
+    (1, b'\\x00\\x00\\xff\\x00')
+    >>> mox.save_picture(picture, "picture.png")
+    >>> mox.load_picture("picture.png").Width
+    53
+
 For tests there are ``mox.machine(memory=True)``, ``mox.operations``, ``mox.registry`` and ``mox.handles()``;
 ``mox.answer("confirm", yes=True)`` answers the next question ahead, and ``mox.dialogs()`` lists what was asked. ``python3 -m mox``
 browses the library and evaluates expressions; with ``MOX_TRACE=dispatch`` in the environment every call is printed.
@@ -63,6 +73,7 @@ from ._errors import Error
 from ._events import Connection, connect
 from ._machine import answer, dialogs, doctor, handles, machine, operations, pump
 from ._objects import Object, create
+from ._pictures import load_picture, picture, pixels, save_picture
 from ._records import Record
 from ._registry import registry
 from ._values import Array, ByRef, ByteArray, Date
@@ -85,10 +96,14 @@ __all__ = [
     "doctor",
     "enums",
     "handles",
+    "load_picture",
     "machine",
     "operations",
+    "picture",
+    "pixels",
     "pump",
     "registry",
+    "save_picture",
 ]
 
 for _public in (
@@ -106,8 +121,12 @@ for _public in (
     dialogs,
     doctor,
     handles,
+    load_picture,
     machine,
+    picture,
+    pixels,
     pump,
+    save_picture,
 ):
     _public.__module__ = "mox"
 del _public

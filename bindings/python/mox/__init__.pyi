@@ -121,5 +121,17 @@ def handles() -> dict[str, int]:
 def doctor() -> dict[str, str]:
     """What stands behind each service of the machine, as texts by service."""
 
+def pixels(source: Object | int, x: int = 0, y: int = 0, cx: int | None = None, cy: int | None = None) -> bytes:
+    """Pixels of a picture object or a device context: rows from the top down, four bytes a pixel: blue, green, red, none."""
+
+def picture(width: int, height: int, bgrx: bytes | bytearray | memoryview) -> StdPicture:
+    """A new picture object with a bitmap of such rows."""
+
+def load_picture(path: str | PathLike[str]) -> StdPicture:
+    """A new picture object from an image file of this system: BMP, ICO, CUR, WMF, EMF, PNG, JPEG or GIF."""
+
+def save_picture(picture: Object, path: str | PathLike[str]) -> None:
+    """Writes a picture object to a file of this system: as PNG by the extension ``.png``, else in the format of its kind."""
+
 def pump(seconds: float = 0) -> None:
     """Runs the message loop of the calling thread for that long."""

@@ -54,6 +54,11 @@ _OPERATIONS = {
     "CoCreateInstance": (c_int, _guid, c_void_p, c_uint, _guid, _pointer),
     "GetErrorInfo": (c_int, c_uint, _pointer),
     "GetRecordInfoFromGuids": (c_int, _guid, c_uint, c_uint, c_uint, _guid, _pointer),
+    "MoxGetPixelSize": (c_int, c_void_p, c_int, POINTER(c_int), POINTER(c_int)),
+    "MoxGetPixels": (c_int, c_void_p, c_int, c_int, c_int, c_int, c_int, c_char_p, ctypes.c_size_t),
+    "MoxCreatePicture": (c_int, c_int, c_int, c_void_p, ctypes.c_size_t, _guid, _pointer),
+    "MoxLoadPicture": (c_int, c_char_p, ctypes.c_size_t, _guid, _pointer),
+    "MoxSavePicture": (c_int, c_void_p, c_int, _pointer),
     "MoxControl": (c_int, c_void_p, _pointer),
     "MoxPump": (c_int, c_uint),
 }
