@@ -77,6 +77,23 @@ Pixel mixed(const Bitmap& image, const Mixture& columns, const Mixture& rows) {
     return pixel;
 }
 
+Pixel multiplied(Pixel pixel) {
+    const Pixel alpha = pixel >> 24;
+    Pixel result = alpha << 24;
+    for (int shift = 0; shift < 24; shift += 8) {
+        result |= ((pixel >> shift & 0xFF) * alpha + 127) / 255 << shift;
+    }
+    return result;
+}
+
+/// The usual case, without a change of size.
+void copyMultiplied(const Bitmap& image, POINT from, Bitmap& target) {
+    for (int y = 0; y < target.height(); ++y) {
+        const Pixel* row = image.pixels(from.y + y) + from.x;
+        std::transform(row, row + target.width(), target.pixels(y), multiplied);
+    }
+}
+
 /// The colours as they were before alpha was multiplied in.
 Pixel divided(Pixel pixel) {
     const Pixel alpha = pixel >> 24;
@@ -93,6 +110,10 @@ std::shared_ptr<Bitmap> scaledPart(const Bitmap& image, const SignedRect& target
     auto result = Bitmap::create(part.right - part.left, part.bottom - part.top);
     if (!result) {
         return nullptr;
+    }
+    if (target.cx == image.width() && target.cy == image.height()) {
+        copyMultiplied(image, {part.left - target.x, part.top - target.y}, *result);
+        return result;
     }
     const std::vector<Mixture> columns = mixtures(image.width(), target.x, target.cx, part.left, part.right);
     const std::vector<Mixture> rows = mixtures(image.height(), target.y, target.cy, part.top, part.bottom);
