@@ -1,8 +1,6 @@
 #include "host/metafiles/boundscanvas.h"
 
-#if __has_include("host/fonts/typeface.h")
 #include "host/fonts/typeface.h"
-#endif
 
 #include <algorithm>
 #include <cmath>
@@ -89,11 +87,9 @@ bool BoundsCanvas::copy(const ImageCopy& copy, const Region& clip) {
 }
 
 bool BoundsCanvas::text(const TextRun& run, const Region& clip) {
-    lastText_ = run;
     if (run.glyphs.empty() || !run.typeface) {
         return true;
     }
-#if __has_include("host/fonts/typeface.h")
     Path box;
     const PathPoint along = run.typeface->along();
     const PathPoint down = run.typeface->down();
@@ -107,9 +103,6 @@ bool BoundsCanvas::text(const TextRun& run, const Region& clip) {
         box.lineTo({x + along.x * width + down.x * descent, y + along.y * width + down.y * descent});
     }
     include(box, 0, clip);
-#else
-    static_cast<void>(clip);
-#endif
     return true;
 }
 

@@ -21,15 +21,12 @@ public:
 
     /// What was drawn since the last call; empty if nothing was.
     RECT take() noexcept;
-    /// The text that was drawn last.
-    const TextRun& lastText() const noexcept { return lastText_; }
 
 private:
     void include(const RECT& area, const Region& clip);
     void include(const Path& path, double margin, const Region& clip);
 
     RECT drawn_;
-    TextRun lastText_;
 };
 
 /// The least rectangle around both, of which one may be empty.

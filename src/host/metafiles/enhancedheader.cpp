@@ -35,10 +35,10 @@ EnhancedHeader readFields(RecordReader& reader, std::size_t size) {
     reader.skip(4);
     header.device = reader.size32();
     const SIZE millimeters = reader.size32();
-    header.micrometers = {millimeters.cx * 1000, millimeters.cy * 1000};
     if (millimeters.cx <= 0 || millimeters.cy <= 0 || millimeters.cx > 1000000 || millimeters.cy > 1000000) {
         throw BrokenRecord();
     }
+    header.micrometers = {millimeters.cx * 1000, millimeters.cy * 1000};
     if (size >= thirdSize) {
         reader.seek(secondSize);
         const SIZE micrometers = reader.size32();

@@ -1,7 +1,8 @@
 // The records of enhanced metafiles.
 #pragma once
 
-#include <cstddef>
+#include "host/fonts/textalign.h"
+
 #include <cstdint>
 
 namespace mox::host {
@@ -114,10 +115,7 @@ inline constexpr std::int32_t MM_TEXT = 1;
 inline constexpr std::int32_t MM_ISOTROPIC = 7;
 inline constexpr std::int32_t MM_ANISOTROPIC = 8;
 
-// Text.
-inline constexpr std::uint32_t TA_UPDATECP = 1;
-inline constexpr std::uint32_t ETO_OPAQUE = 2;
-inline constexpr std::uint32_t ETO_CLIPPED = 4;
+// Options of text beside those that are passed on.
 inline constexpr std::uint32_t ETO_GLYPH_INDEX = 0x10;
 inline constexpr std::uint32_t ETO_NO_RECT = 0x100;
 inline constexpr std::uint32_t ETO_SMALL_CHARS = 0x200;

@@ -1,6 +1,8 @@
+#include "host/fonts/textsetting.h"
 #include "host/metafiles/metafilecontext_record.h"
 
 #include <cmath>
+#include <vector>
 
 namespace mox::host {
 
@@ -10,6 +12,27 @@ namespace {
 constexpr std::uint32_t textOffset = 76;
 constexpr std::uint32_t compatibleMode = 1;
 
+/// From each character of a text to the next, so that it stays as wide with other fonts; empty where logical units are too coarse
+/// for it.
+std::vector<std::int32_t> distancesOf(const DeviceContext& context, std::u16string_view text) {
+    const TextSetting setting = textSetting(context);
+    std::vector<Typeface::Character> characters(text.size());
+    if (setting) {
+        setting.typeface->shape(text, characters);
+    }
+    std::vector<std::int32_t> distances;
+    for (const Typeface::Character& character : characters) {
+        const double exact = static_cast<double>(character.advance) * setting.unitsAlong;
+        const double whole = std::round(exact);
+        constexpr double exactly = 1e-3;
+        if (!setting || std::abs(exact - whole) > exactly) {
+            return {};
+        }
+        distances.push_back(static_cast<std::int32_t>(whole));
+    }
+    return distances;
+}
+
 } // namespace
 
 bool MetafileContext::textOut(POINT point, std::u16string_view text) {
@@ -17,7 +40,7 @@ bool MetafileContext::textOut(POINT point, std::u16string_view text) {
         syncPosition();
     }
     return record([&] { return DeviceContext::textOut(point, text); },
-                  [&](const RECT& bounds) { writeText(bounds, point, 0, {}, text, {}); });
+                  [&](const RECT& bounds) { writeText(bounds, point, 0, {}, text, distancesOf(*this, text)); });
 }
 
 bool MetafileContext::extTextOut(POINT point, std::uint32_t options, const RECT& area, std::u16string_view text,
@@ -26,7 +49,10 @@ bool MetafileContext::extTextOut(POINT point, std::uint32_t options, const RECT&
         syncPosition();
     }
     return record([&] { return DeviceContext::extTextOut(point, options, area, text, distances); },
-                  [&](const RECT& bounds) { writeText(bounds, point, options, area, text, distances); });
+                  [&](const RECT& bounds) {
+                      const auto own = distances.empty() ? distancesOf(*this, text) : std::vector<std::int32_t>();
+                      writeText(bounds, point, options, area, text, distances.empty() ? own : distances);
+                  });
 }
 
 void MetafileContext::writeText(const RECT& bounds, POINT point, std::uint32_t options, const RECT& area,
