@@ -97,8 +97,18 @@ private:
     RECT bounds_;
     DeviceState recorded_;
     RecordedObjects objects_;
-    /// Drawing that is a part of what is recorded.
+    /// Drawing is a part of what is recorded already.
     bool isRecorded_ = false;
+    class Part {
+    public:
+        explicit Part(bool& isPart) noexcept : isPart_(isPart) { isPart_ = true; }
+        Part(const Part&) = delete;
+        Part& operator=(const Part&) = delete;
+        ~Part() { isPart_ = false; }
+
+    private:
+        bool& isPart_;
+    };
 };
 
 } // namespace mox::host

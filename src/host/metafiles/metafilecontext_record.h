@@ -10,9 +10,10 @@ template <class Draw, class Fields> bool MetafileContext::record(Draw draw, Fiel
         return draw();
     }
     syncState();
-    isRecorded_ = true;
-    const bool isDrawn = draw();
-    isRecorded_ = false;
+    const bool isDrawn = [&] {
+        const Part part(isRecorded_);
+        return draw();
+    }();
     const RECT bounds = takeBounds();
     if (isDrawn) {
         // Playing moves the position the same way.
