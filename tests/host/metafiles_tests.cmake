@@ -1,1 +1,6 @@
-set(HOST_METAFILES_TESTS metafiles_broken_test.cpp metafiles_old_test.cpp metafiles_play_test.cpp metafiles_record_test.cpp)
+set(HOST_METAFILES_TESTS
+    metafiles_bitmaps_test.cpp
+    metafiles_broken_test.cpp
+    metafiles_old_test.cpp
+    metafiles_play_test.cpp
+    metafiles_record_test.cpp)
