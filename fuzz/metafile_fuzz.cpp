@@ -1,4 +1,5 @@
-// Random metafiles of both styles: played onto a small bitmap and into a recording, whose metafile is whole and is played as well.
+// Random metafiles of both styles: played onto a small bitmap and into a recording, whose metafile is whole and is played as
+// well.
 #include "host/graphics/rastercanvas.h"
 #include "host/machine/machine.h"
 #include "host/metafiles/enhancedplayer.h"
