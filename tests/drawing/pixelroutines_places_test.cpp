@@ -62,13 +62,17 @@ TEST(PixelRoutines, Neon) {
         const long value = std::lrint(std::fabs(mode % 4 == 0 ? cosine - 127 : cosine));
         return static_cast<std::uint32_t>(mode % 2 == 1 && value < 128 ? value + 128 : value);
     };
-    static constexpr struct {
+    struct Case {
         int factor;
         int mode;
         bool grey;
-    } cases[] = {{10, 0, false}, {10, 1, false}, {10, 2, false},  {10, 3, false},  {0, 0, true},
-                 {77, 2, true},  {255, 1, true}, {128, 4, false}, {200, 255, true}};
-    for (const auto& [factor, mode, grey] : cases) {
+    };
+    static constexpr Case cases[] = {{10, 0, false}, {10, 1, false}, {10, 2, false},  {10, 3, false},  {0, 0, true},
+                                     {77, 2, true},  {255, 1, true}, {128, 4, false}, {200, 255, true}};
+    for (const Case& one : cases) {
+        const int factor = one.factor;
+        const int mode = one.mode;
+        const bool grey = one.grey;
         expectModel("factor " + std::to_string(factor) + ", mode " + std::to_string(mode), neonRoutine(factor, mode, grey),
                     [&](const Pixels& pixels, std::size_t x, std::size_t y) {
                         const auto rows = static_cast<std::int64_t>(pixels.height - y);
