@@ -14,6 +14,8 @@
 #include "drawing/pixelroutines/neon.h"
 #include "drawing/pixelroutines/rgb.h"
 
+#include "platform/oleaut32.h"
+
 namespace mox::server {
 
 namespace {
@@ -33,7 +35,7 @@ std::optional<Byte> changed(Boolean isChanged, Byte value) {
 moxBitmapFilter::Picture moxBitmapFilter::filtered(IPictureDisp* picture, const Routine& routine) noexcept {
     Picture result;
     trapAndLeave([&] {
-        if (!picture || pictureType(picture) != typeBitmap) {
+        if (!picture || pictureType(picture) != platform::PICTYPE_BITMAP) {
             return;
         }
         const std::optional<BitmapPixels> source = GetBitmapPixels(picture);

@@ -6,16 +6,10 @@
 
 namespace mox::server {
 
-/// Kinds of pictures that `pictureType` tells apart.
-inline constexpr Integer typeBitmap = 1;
-inline constexpr Integer typeMetafile = 2;
-inline constexpr Integer typeIcon = 3;
-inline constexpr Integer typeEnhancedMetafile = 4;
-
 // Properties of a picture object, read by their identifiers, so that any client's own object will do. Error 91 for no object;
 // otherwise a failure is raised as the object tells it.
 
-/// The kind: -1 uninitialised, 0 empty, else one of the above.
+/// The kind: -1 uninitialised, 0 empty, 1 bitmap, 2 metafile, 3 icon, 4 enhanced metafile.
 Integer pictureType(MoxRuntime::IPictureDisp* picture);
 /// Handle of the bitmap, metafile or icon, which stays the picture's; 0 for an empty picture.
 Long pictureHandle(MoxRuntime::IPictureDisp* picture);

@@ -54,7 +54,7 @@ platform::Handle sampleSection() {
 /// The pixels of a bitmap of the kind that filters make; none of other bitmaps.
 Pixels pixelsOf(const StdPicture& picture) {
     platform::BITMAP bitmap;
-    if (!picture || picture.Type() != server::typeBitmap ||
+    if (!picture || picture.Type() != platform::PICTYPE_BITMAP ||
         platform::gdi32().GetObjectA(picture.Handle(), platform::bytesOf(bitmap)) == 0 || bitmap.bmBitsPixel != 32 ||
         bitmap.bmWidthBytes != bitmap.bmWidth * 4 || !bitmap.bmBits) {
         return {};
