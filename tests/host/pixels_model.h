@@ -216,8 +216,12 @@ private:
         one->read(0, 0, {&pixel, 1});
         return pixel;
     }
-    /// The bytes of a pixel as a number.
+    bool hasTable() const { return target_.bitsPerPixel() <= 8 && !target_.isMonochrome(); }
+    /// The bytes of a pixel as a number; a colour of a table stays one.
     host::Pixel raw(host::Pixel pixel) const {
+        if (hasTable()) {
+            return pixel;
+        }
         const auto one = onePixel();
         one->write(0, 0, {&pixel, 1});
         host::Pixel number = 0;
@@ -227,6 +231,9 @@ private:
         return number;
     }
     host::Pixel fromRaw(host::Pixel number) const {
+        if (hasTable()) {
+            return stored(number);
+        }
         const auto one = onePixel();
         for (int i = 0; i < std::max(1, target_.bitsPerPixel() / 8); ++i) {
             one->row(0)[i] = static_cast<std::byte>(number >> (8 * i));

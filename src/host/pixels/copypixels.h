@@ -9,7 +9,8 @@ namespace mox::host {
 /// whose pixels in the source are outside of it stay as they are. The source may be the target. False if there is no source,
 /// though one is needed, no memory, or a place or an extent is beyond 2^29; then nothing is changed.
 ///
-/// Raster operations work on the numbers that the target holds, as those of pens and brushes do. Of plain pixels the fourth byte
+/// Raster operations work on the numbers that the target holds; where a table gives them any colours, on those colours, so that
+/// masks of black and white do what they are for. Of plain pixels the fourth byte
 /// takes part like the others if there is a source, whose fourth byte is 0 unless somebody put something there; without a source
 /// it stays. Where a brush that draws nothing is needed, nothing is done; the ground of a hatch, if it is transparent, leaves
 /// what is there.

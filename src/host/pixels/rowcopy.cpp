@@ -49,8 +49,8 @@ void RowCopy::combineRow(const Pixel* source, int x, int y, std::size_t count) {
     // Nothing but one operand means the same in numbers and in colours.
     const std::uint8_t table = truthTable(copy_.rop);
     const bool isReplacing = table == truthTable(platform::SRCCOPY) || table == truthTable(platform::PATCOPY);
-    if (target_.isPlain() || (isReplacing && !hasHoles())) {
-        target_.change(x, y, count, false, change(source, pattern));
+    if (target_.isPlain() || target_.hasTable() || (isReplacing && !hasHoles())) {
+        target_.change(x, y, count, usesTarget(copy_.rop) || hasHoles(), change(source, pattern));
     } else {
         target_.changeRaw(x, y, count,
                           change(target_.toRaw(source, count, rawSource_), target_.toRaw(pattern, count, rawPattern_)));

@@ -11,6 +11,8 @@ public:
     explicit TargetRows(Bitmap& bitmap) : bitmap_(bitmap), mask_(rawMask(bitmap)) {}
 
     bool isPlain() const noexcept { return bitmap_.isPlain(); }
+    /// True if its numbers stand for any colours.
+    bool hasTable() const noexcept { return bitmap_.bitsPerPixel() <= 8 && !bitmap_.isMonochrome(); }
 
     /// As plain pixels.
     template <class Change> void change(int x, int y, std::size_t count, bool isRead, Change change) {
