@@ -4,6 +4,7 @@
 #include "host/fonts/textrules.h"
 #include "host/fonts/textsetting.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace mox::host {
@@ -82,14 +83,9 @@ bool drawLine(Canvas& canvas, Line& line, PathPoint baseline, const DeviceState&
 }
 
 Region deviceArea(const DeviceContext& context, const RECT& area) {
-    SignedRect pixels = context.toDevice(SignedRect{area.left, area.top, area.right - area.left, area.bottom - area.top});
-    if (pixels.cx < 0) {
-        pixels = {pixels.x + pixels.cx, pixels.y, -pixels.cx, pixels.cy};
-    }
-    if (pixels.cy < 0) {
-        pixels = {pixels.x, pixels.y + pixels.cy, pixels.cx, -pixels.cy};
-    }
-    return Region(RECT{pixels.x, pixels.y, pixels.x + pixels.cx, pixels.y + pixels.cy});
+    const POINT one = context.toDevice(POINT{area.left, area.top});
+    const POINT other = context.toDevice(POINT{area.right, area.bottom});
+    return Region(RECT{std::min(one.x, other.x), std::min(one.y, other.y), std::max(one.x, other.x), std::max(one.y, other.y)});
 }
 
 /// The end of a text that begins at the current position, where the next one begins.
@@ -97,7 +93,8 @@ POINT movedPosition(POINT position, const TextSetting& setting, double width, st
     const std::uint32_t horizontal = align & TA_CENTER;
     const double distance = horizontal == TA_CENTER ? 0 : horizontal == TA_RIGHT ? -width : width;
     const PathPoint along = setting.typeface->along();
-    return {position.x + setting.toUnitsAlong(along.x * distance), position.y + setting.toUnitsAcross(along.y * distance)};
+    return {wholeUnits(position.x + along.x * distance * setting.unitsAlong),
+            wholeUnits(position.y + along.y * distance * setting.unitsAcross)};
 }
 
 } // namespace

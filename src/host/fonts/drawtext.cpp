@@ -175,11 +175,10 @@ void TextBox::measureInto(RECT& area) const {
     for (const Line& line : lines_) {
         widest = std::max(widest, line.width);
     }
-    constexpr double most = 1 << 30;
     // Lengths in other units than pixels are sums of fractions.
     constexpr double negligible = 1e-4;
-    area.right = area.left + static_cast<std::int32_t>(std::min(std::ceil(widest - negligible), most));
-    area.bottom = area.top + static_cast<std::int32_t>(std::min<std::int64_t>(height(), 1 << 30));
+    area.right = wholeUnits(area.left + std::ceil(widest - negligible));
+    area.bottom = wholeUnits(static_cast<double>(area.top) + static_cast<double>(height()));
 }
 
 std::int32_t TextBox::top() const {
@@ -194,8 +193,7 @@ std::int32_t TextBox::top() const {
 std::int32_t TextBox::left(const Line& line) const {
     const double room = width() - line.width;
     const double offset = format_.has(DT_CENTER) ? std::floor(room / 2) : format_.has(DT_RIGHT) ? room : 0;
-    constexpr double most = 1 << 30;
-    return static_cast<std::int32_t>(std::lround(std::clamp(area_.left + offset, -most, most)));
+    return wholeUnits(area_.left + offset);
 }
 
 std::int32_t TextBox::answer() const {
@@ -259,8 +257,7 @@ double TextBox::drawPart(POINT point, double x, std::size_t begin, std::size_t e
 
 POINT TextBox::placeOn(POINT point, double x) const {
     const PathPoint along = setting_.typeface->along();
-    return {point.x + static_cast<std::int32_t>(std::lround(along.x * x)),
-            point.y + static_cast<std::int32_t>(std::lround(along.y * x / setting_.unitsAlong * setting_.unitsAcross))};
+    return {wholeUnits(point.x + along.x * x), wholeUnits(point.y + along.y * x / setting_.unitsAlong * setting_.unitsAcross)};
 }
 
 void TextBox::drawPiece(POINT point, double x, std::u16string_view piece) {
@@ -273,9 +270,8 @@ void TextBox::underline(POINT point, double from, double to) {
     const Typeface::Rule rule = typeface.underline();
     const COLORREF color = context_.state().textColor;
     if (!typeface.isTurned()) {
-        const std::int32_t y = point.y + setting_.toUnitsAcross(typeface.ascent() + rule.top);
-        const RECT bar{point.x + static_cast<std::int32_t>(std::lround(from)), y,
-                       point.x + static_cast<std::int32_t>(std::lround(to)),
+        const std::int32_t y = wholeUnits(static_cast<double>(point.y) + setting_.toUnitsAcross(typeface.ascent() + rule.top));
+        const RECT bar{wholeUnits(point.x + from), y, wholeUnits(point.x + to),
                        y + std::max(1, setting_.toUnitsAcross(rule.thickness))};
         context_.fillRect(format_.has(DT_NOCLIP) ? bar : intersection(bar, area_), Brush{.color = color});
         return;

@@ -115,6 +115,8 @@ std::shared_ptr<const Typeface> Fonts::openTypeface(const FontFile& file, const 
 
 std::vector<FontFile> Fonts::list(const std::string& family) {
     const std::lock_guard lock(parts_->guard);
+    // There may be better ones than before.
+    parts_->found.clear();
     return parts_->catalogue.list(family);
 }
 

@@ -81,7 +81,7 @@ void Typeface::setHeight(double height) {
     } else {
         const int cell = height == 0 ? defaultCellHeight : std::max(1, rounded(size));
         // The largest size whose cell is not higher than asked for.
-        pixelsPerEm_ = std::max(1, rounded(cell / (metrics_.ascent + metrics_.descent)) + 1);
+        pixelsPerEm_ = std::clamp(rounded(cell / (metrics_.ascent + metrics_.descent)) + 1, 1, static_cast<int>(mostPixels));
         while (pixelsPerEm_ > 1 && ascentAt(pixelsPerEm_) + descentAt(pixelsPerEm_) > cell) {
             --pixelsPerEm_;
         }
