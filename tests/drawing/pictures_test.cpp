@@ -119,6 +119,7 @@ TEST_F(PicturesTest, LeaveAColorOut) {
     EXPECT_TRUE(static_cast<bool>(old.drawing.DrawBitmap(same, ground.hDC(), 0, 0, 0, 0, 0, 0, 0, 0, False, True)));
     EXPECT_EQ(old.machine->msimg32.TransparentBlt.calls(), 0U);
     EXPECT_EQ(old.rows(ground.hDC(), 4, 3, usualLetters), expected);
+    ground.Cls();
     EXPECT_TRUE(static_cast<bool>(old.drawing.DrawBitmap(same, ground.hDC(), 0, 0, 8, 6, 0, 0, 4, 3, False, True)));
     EXPECT_EQ(old.rows(ground.hDC(), 8, 6, usualLetters),
               (Rows{"gg..##gg", "gg..##gg", "gg####rr", "gg####rr", "gggg##gg", "gggg##gg"}));
