@@ -1,1 +1,1 @@
-set(HOST_FONTS_TESTS fonts_drawtext_test.cpp fonts_listing_test.cpp fonts_text_test.cpp fonts_textlines_test.cpp)
+set(HOST_FONTS_TESTS fonts_drawtext_test.cpp fonts_ground_test.cpp fonts_listing_test.cpp fonts_text_test.cpp fonts_textlines_test.cpp)
