@@ -68,6 +68,35 @@ TEST_F(PixelsTest, outsideAreRefused) {
     EXPECT_EQ(MoxGetPixelSize(nullptr, 0, nullptr, &place), E_POINTER);
 }
 
+TEST_F(PixelsTest, comeFromAContextThatAPictureWasRenderedOn) {
+    const StdPicture picture = create(2, 2, {1, 0, 0, 0, 2, 0, 0, 0, 3, 0, 0, 0, 4, 0, 0, 0});
+    const Handle hdc = machine->gdi32.CreateCompatibleDC(0);
+    const Handle bitmap = machine->graphics.add(host::Bitmap::create(2, 2));
+    const Handle before = machine->gdi32.SelectObject(hdc, bitmap);
+    const Long width = picture.Width();
+    const Long height = picture.Height();
+    const struct {
+        Long xSrc, ySrc, cxSrc, cySrc;
+        std::vector<BYTE> blues;
+    } cases[] = {
+        {0, height, width, -height, {1, 2, 3, 4}},
+        {0, 0, width, height, {3, 4, 1, 2}},                   // upside down
+        {width / 2, height, width / 2, -height, {2, 2, 4, 4}}, // the right half
+    };
+    for (const auto& [xSrc, ySrc, cxSrc, cySrc, blues] : cases) {
+        picture.Render(hdc, 0, 0, 2, 2, xSrc, ySrc, cxSrc, cySrc);
+        std::vector<BYTE> rows(16);
+        EXPECT_EQ(MoxGetPixels(nullptr, hdc, 0, 0, 2, 2, rows.data(), rows.size()), S_OK);
+        EXPECT_EQ((std::vector<BYTE>{rows[0], rows[4], rows[8], rows[12]}), blues) << xSrc << " " << ySrc;
+        EXPECT_EQ(MoxGetPixels(nullptr, hdc, 1, 1, 2, 1, rows.data(), 8), E_INVALIDARG);
+    }
+    EXPECT_EQ(errorOf([&] { picture.Render(hdc, 0, 0, 0, 2, 0, 0, 1, 1); }), 380);
+    EXPECT_NE(errorOf([&] { picture.Render(4711, 0, 0, 1, 1, 0, height, width, -height); }), 0);
+    machine->gdi32.SelectObject(hdc, before);
+    machine->gdi32.DeleteDC(hdc);
+    machine->gdi32.DeleteObject(bitmap);
+}
+
 TEST_F(PixelsTest, travelThroughFiles) {
     const std::vector<BYTE> rows{1, 2, 3, 0, 5, 6, 7, 0};
     const StdPicture picture = create(2, 1, rows);
