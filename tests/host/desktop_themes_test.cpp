@@ -72,6 +72,8 @@ TEST(DesktopThemesTest, drawsThePartsOfATaskPane) {
     EXPECT_EQ(size, (SIZE{120, 25}));
     EXPECT_LT(themes.GetThemePartSize(theme, 0, 77, 1, {}, TS_TRUE, size), 0);
     EXPECT_EQ(size, SIZE());
+    constexpr std::int32_t far = 2000000000;
+    EXPECT_EQ(themes.DrawThemeBackground(theme, surface.hdc(), 1, 0, {-far, -far, far, far}, {-far, -far, far, far}), 0);
     EXPECT_LT(themes.DrawThemeBackground(theme, surface.hdc(), 77, 0, {0, 0, 9, 9}, {0, 0, 9, 9}), 0);
     EXPECT_LT(themes.DrawThemeBackground(theme, 0, 5, 0, {0, 0, 9, 9}, {0, 0, 9, 9}), 0);
     EXPECT_EQ(themes.CloseThemeData(theme), 0);

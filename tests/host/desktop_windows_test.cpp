@@ -2,6 +2,8 @@
 
 #include "graphics_support.h"
 
+#include <limits>
+
 namespace mox::test {
 
 namespace {
@@ -62,6 +64,13 @@ TEST_F(DesktopWindowsTest, tellsWhereWindowsAre) {
     }
     EXPECT_FALSE(desktop.destroyWindow(user.GetDesktopWindow()));
     EXPECT_EQ(desktop.createWindow({0, 0, 40000, 10}, u""), 0);
+    constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+    const Handle odd = desktop.createWindow({most, most, -most, -most}, u"");
+    EXPECT_TRUE(desktop.showWindow(odd, true));
+    EXPECT_EQ(desktop.window(odd)->clientArea(), RECT());
+    EXPECT_EQ(desktop.window(odd)->surface(), nullptr);
+    EXPECT_EQ(onScreen(0, 0), host::systemColor(host::colorBackground));
+    EXPECT_TRUE(desktop.destroyWindow(odd));
 }
 
 TEST_F(DesktopWindowsTest, givesBackOnlyContextsThatWereTaken) {
@@ -175,6 +184,44 @@ TEST_F(DesktopWindowsTest, leavesWhatIsDrawnOnTheScreenWhereNoWindowChanges) {
     EXPECT_TRUE(user.ReleaseDC(0, screen));
     EXPECT_TRUE(desktop.destroyWindow(low));
     EXPECT_TRUE(desktop.destroyWindow(high));
+}
+
+TEST_F(DesktopWindowsTest, capturesTheScreenAndWindows) {
+    const Handle window = shownWindow({20, 10, 60, 60});
+    const Handle cover = shownWindow({50, 50, 100, 100});
+    paint(window, red);
+    paint(window, green, 0);
+    paint(cover, blue);
+    Surface surface(machine.machine(), 60, 70);
+    const auto capture = [&](Handle of, std::uint32_t flags) {
+        const Handle hdc = user.GetDCEx(of, 0, flags);
+        EXPECT_TRUE(gdi.BitBlt(surface.hdc(), 0, 0, 40, 50, hdc, of == 0 ? 20 : 0, of == 0 ? 10 : 0, SRCCOPY));
+        EXPECT_TRUE(user.ReleaseDC(of, hdc));
+    };
+    const auto expect = [&](const char* what, COLORREF corner, COLORREF inside, COLORREF covered) {
+        const auto at = [&](int x, int y) { return gdi.GetPixel(surface.hdc(), x, y); };
+        EXPECT_EQ(at(0, 0), corner) << what;
+        EXPECT_EQ(at(4, 30), inside) << what;
+        EXPECT_EQ(at(35, 45), covered) << what;
+        EXPECT_EQ(at(40, 50), 0xFFFFFFU) << what;
+    };
+    capture(0, 0);
+    expect("screen", red, green, blue);
+    capture(window, DCX_WINDOW);
+    expect("window", red, green, green);
+    surface.clear();
+    capture(window, 0);
+    expect("inside", green, 0xFFFFFF, 0xFFFFFF); // 32 by 16 pixels
+    EXPECT_EQ(gdi.GetPixel(surface.hdc(), 31, 15), green);
+    EXPECT_EQ(gdi.GetPixel(surface.hdc(), 32, 15), 0xFFFFFFU);
+    // Into a window, and within one.
+    const Handle hdc = user.GetDC(window);
+    EXPECT_EQ(gdi.SetPixel(hdc, 0, 0, blue), blue);
+    EXPECT_TRUE(gdi.BitBlt(hdc, 5, 5, 10, 10, hdc, 0, 0, SRCCOPY));
+    EXPECT_EQ(onScreen(20 + 4 + 5, 10 + 30 + 5), blue);
+    EXPECT_TRUE(user.ReleaseDC(window, hdc));
+    EXPECT_TRUE(desktop.destroyWindow(window));
+    EXPECT_TRUE(desktop.destroyWindow(cover));
 }
 
 TEST(BitmapPartTest, sharesThePixelsOfTheWhole) {

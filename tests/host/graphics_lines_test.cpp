@@ -247,10 +247,13 @@ TEST_F(GraphicsLinesTest, survivesAnyCoordinates) {
     for (const int width : {1, 2, 999, most}) {
         for (const POINT from : {POINT{least, least}, POINT{most, least}, POINT{least, most}, POINT{0, 0}}) {
             Surface surface(machine.machine(), 8, 8);
+            surface.setNoBrush();
             surface.setPen({.style = width == 1 ? PS_DASHDOT : PS_SOLID, .width = width});
             draw(surface, from, {most, most});
             draw(surface, {most, 3}, {least, 3});
             EXPECT_TRUE(machine->gdi32.Rectangle(surface.hdc(), from.x, from.y, most, 5));
+            EXPECT_TRUE(surface.context().ellipse({least, from.y, most, most}));
+            EXPECT_TRUE(surface.context().roundRect({from.x, least, most, most}, {most, least}));
             EXPECT_NE(surface.picture().find('#'), std::string::npos);
         }
     }

@@ -66,20 +66,19 @@ bool fill(DeviceContext& context, const RECT& area, const RECT& clip, COLORREF c
 }
 
 bool fillGradient(DeviceContext& context, const RECT& area, const RECT& clip, const PartLook& look) {
-    const RECT visible = intersection(area, clip);
     if (look.from == look.to) {
         return fill(context, area, clip, look.from);
     }
     bool isDrawn = true;
-    const std::int32_t from = look.isVertical ? visible.top : visible.left;
-    const std::int32_t to = look.isVertical ? visible.bottom : visible.right;
-    const std::int32_t start = look.isVertical ? area.top : area.left;
-    const std::int64_t count = std::int64_t{look.isVertical ? area.bottom : area.right} - start;
-    for (std::int32_t place = from; place < to; ++place) {
-        const COLORREF color = between(look.from, look.to, std::int64_t{place} - start, count);
-        const RECT line = look.isVertical ? RECT{visible.left, place, visible.right, place + 1}
-                                          : RECT{place, visible.top, place + 1, visible.bottom};
-        isDrawn = fill(context, line, clip, color) && isDrawn;
+    const std::int64_t start = look.isVertical ? area.top : area.left;
+    const std::int64_t length = (look.isVertical ? area.bottom : area.right) - start;
+    // More stripes than a channel has steps would not show.
+    const std::int64_t stripes = std::min<std::int64_t>(length, 256);
+    for (std::int64_t stripe = 0; stripe < stripes; ++stripe) {
+        const auto from = static_cast<std::int32_t>(start + length * stripe / stripes);
+        const auto to = static_cast<std::int32_t>(start + length * (stripe + 1) / stripes);
+        const RECT part = look.isVertical ? RECT{area.left, from, area.right, to} : RECT{from, area.top, to, area.bottom};
+        isDrawn = fill(context, part, clip, between(look.from, look.to, stripe, stripes)) && isDrawn;
     }
     return isDrawn;
 }

@@ -11,6 +11,9 @@ namespace mox::host {
 namespace {
 
 RECT insideOf(const RECT& place) {
+    if (isEmpty(place)) {
+        return {};
+    }
     const int width = place.right - place.left;
     const int height = place.bottom - place.top;
     const RECT inside{frameWidth, frameWidth + captionHeight, width - frameWidth, height - frameWidth};

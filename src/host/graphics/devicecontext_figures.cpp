@@ -43,11 +43,11 @@ void appendFigure(Path& path, std::span<const POINT> points, const Transform& tr
 }
 
 /// Where the middle of the pen goes along the edges of a box in device pixels, whose right and lower edge are left out.
-PathBox penBox(const SignedRect& area, const Stroke& stroke) {
-    const double left = std::min(area.x, area.x + area.cx);
-    const double top = std::min(area.y, area.y + area.cy);
-    const double right = std::max(area.x, area.x + area.cx);
-    const double bottom = std::max(area.y, area.y + area.cy);
+PathBox penBox(POINT a, POINT b, const Stroke& stroke) {
+    const double left = std::min(a.x, b.x);
+    const double top = std::min(a.y, b.y);
+    const double right = std::max(a.x, b.x);
+    const double bottom = std::max(a.y, b.y);
     if (stroke.pen.style != platform::PS_INSIDEFRAME || stroke.pen.width <= 1) {
         return {left, top, right - 1, bottom - 1};
     }
@@ -69,9 +69,8 @@ bool drawShape(DeviceContext& context, const RECT& area, double cornerWidth, dou
         return true;
     }
     if (transform.keepsAxes()) {
-        const SignedRect place =
-            context.toDevice(SignedRect{area.left, area.top, area.right - area.left, area.bottom - area.top});
-        const PathBox box = penBox(place, context.stroke());
+        const PathBox box = penBox(context.toDevice(POINT{area.left, area.top}), context.toDevice(POINT{area.right, area.bottom}),
+                                   context.stroke());
         if (box.left > box.right || box.top > box.bottom) {
             return true;
         }

@@ -51,7 +51,8 @@ void wireContexts(Machine& machine) {
     gdi32.CreatePen = [&](auto style, auto width, auto color) {
         // An unknown style counts as solid.
         const std::int32_t known = style >= platform::PS_SOLID && style <= platform::PS_INSIDEFRAME ? style : platform::PS_SOLID;
-        return graphics.add("pen", Pen{.style = known, .width = std::abs(width), .color = color});
+        const auto wide = static_cast<std::int32_t>(std::min(std::abs(std::int64_t{width}), std::int64_t{INT32_MAX}));
+        return graphics.add("pen", Pen{.style = known, .width = wide, .color = color});
     };
     gdi32.CreateSolidBrush = [&](auto color) { return graphics.add("brush", Brush{platform::BS_SOLID, color, 0, nullptr, 0}); };
     gdi32.CreateBrushIndirect = [&](const auto& brush) { return graphics.createBrush(brush); };
