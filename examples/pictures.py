@@ -120,7 +120,7 @@ def main(folder: str) -> None:
                 if (row // side + column // side) % 2:
                     drawing.FillRect2(checkers.hDC, column, row, column + side, row + side, (RED, INK, GREEN)[place])
         checkers.Render(hdc, 440 + 75 * place, 490, 64, 145)
-    drawing.DrawBitmap(photo, hdc, 680, 490, 150, 145, 0, 0, 75, 72, True)
+    drawing.DrawBitmap(photo, hdc, 680, 490, 150, 144, 60, 20, 75, 72, True)
     drawing.DrawBitmap(photo, hdc, 850, 490, 140, 95)
     drawing.FillRect2(hdc, 1010, 490, 1150, 635, 0x80C8F0)
     for place, transparency in enumerate((0, 110, 190)):

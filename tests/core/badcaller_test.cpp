@@ -4,6 +4,7 @@
 
 #include "TRL_OBKR_MOX/slots.h"
 #include "core/classes.h"
+#include "platform/gdi32.h"
 
 #include <mox/mox.h>
 
@@ -77,6 +78,9 @@ template <class Interface, class... Arguments, HRESULT (Interface::*slot)(Argume
         const HRESULT status =
             std::apply([&](auto&... valid) { return (static_cast<Interface*>(object)->*slot)(valid.argument()...); }, arguments);
         cleared = true;
+        if constexpr (slot == &TRL_OBKR_MOX::_moxDrawing::raw_CreatePatternBrush) {
+            platform::gdi32().DeleteObject(std::get<sizeof...(Arguments) - 1>(arguments).value); // the caller's
+        }
         if constexpr (hasResult) {
             auto& last = std::get<sizeof...(Arguments) - 1>(arguments).value;
             const auto* bytes = reinterpret_cast<const unsigned char*>(&last);
@@ -85,6 +89,11 @@ template <class Interface, class... Arguments, HRESULT (Interface::*slot)(Argume
         return status;
     }
 };
+
+/// Errors that members state: no code yet, and Nothing where an object is needed.
+bool isStated(HRESULT status) {
+    return status == statusOfRuntimeError(445) || status == statusOfRuntimeError(91);
+}
 
 class BadCaller : public testing::Test {
 protected:
@@ -113,7 +122,7 @@ TEST_F(BadCaller, NullPlacesAreRefused) {
         if (hasResult) {
             EXPECT_EQ(status, E_POINTER);
         } else {
-            EXPECT_TRUE(status == S_OK || status == E_POINTER || status == statusOfRuntimeError(445)) << status;
+            EXPECT_TRUE(status == S_OK || status == E_POINTER || isStated(status)) << status;
         }
         Ref<IErrorInfo> pending;
         GetErrorInfo(0, pending.out());
@@ -124,7 +133,7 @@ TEST_F(BadCaller, DirtyResultPlacesDoNotMatter) {
     eachSlot([]<auto slot, bool hasResult>(IDispatch * object) {
         bool cleared = false;
         const HRESULT status = Caller<slot>::template withDirtyResult<hasResult>(object, cleared);
-        EXPECT_TRUE(SUCCEEDED(status) || status == statusOfRuntimeError(445)) << std::hex << status;
+        EXPECT_TRUE(SUCCEEDED(status) || isStated(status)) << std::hex << status;
         EXPECT_TRUE(cleared);
     });
 }

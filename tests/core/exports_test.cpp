@@ -23,7 +23,7 @@ namespace {
 
 constexpr CLSID hubClass{0x61380ADE, 0x4B65, 0x4141, {0x88, 0x8C, 0xA1, 0x04, 0x8D, 0x03, 0x77, 0x72}};
 constexpr CLSID timerClass{0x5EB165FA, 0x8EFC, 0x4EBC, {0x93, 0xC1, 0x6B, 0x85, 0x0E, 0x96, 0x19, 0x3B}};
-constexpr CLSID bufferClass{0x07EE25AC, 0x5898, 0x4CB4, {0xA8, 0xB7, 0xC5, 0x88, 0xD6, 0xC3, 0x7A, 0x3F}};
+constexpr CLSID mouseEventsClass{0x73B62817, 0xB369, 0x4F5D, {0x90, 0x33, 0x08, 0x0B, 0x8C, 0x5C, 0xC2, 0x61}};
 
 std::string serverPath() {
     return std::getenv("MOX_SERVER");
@@ -86,7 +86,7 @@ TEST_F(ServerFile, GivesFactoriesForCreatableClassesOnly) {
     void* result = &result;
     EXPECT_EQ(getClassObject(GUID_NULL, IID_IClassFactory, &result), CLASS_E_CLASSNOTAVAILABLE);
     EXPECT_EQ(result, nullptr);
-    EXPECT_EQ(getClassObject(bufferClass, IID_IClassFactory, &result), CLASS_E_CLASSNOTAVAILABLE)
+    EXPECT_EQ(getClassObject(mouseEventsClass, IID_IClassFactory, &result), CLASS_E_CLASSNOTAVAILABLE)
         << "creatable, but without code yet";
     EXPECT_EQ(getClassObject(hubClass, IID_IDispatch, &result), E_NOINTERFACE);
     EXPECT_EQ(getClassObject(hubClass, IID_IClassFactory, nullptr), E_POINTER);

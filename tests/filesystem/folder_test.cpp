@@ -3,8 +3,11 @@
 
 #include "support/faultsweep.h"
 
+#include "platform/gdi32.h"
 #include "platform/kernel32.h"
 #include "platform/shell32.h"
+
+#include <functional>
 
 namespace mox::test {
 
@@ -164,11 +167,40 @@ TEST(FileSystemFaultsTest, GetDiskSpace) {
     });
 }
 
-TEST(FileSystemFaultsTest, DrawIconHasNoCodeYet) {
-    TestMachine machine;
-    const moxFS fs{server::create<TRL_OBKR_MOX::_moxFS>()};
-    EXPECT_EQ(errorOf([&] { fs.File().DrawIcon(u"C:\\Windows", 0, 0, 0, ICON_16, ICONSTATE_NORMAL); }), 445);
-    EXPECT_EQ(errorOf([&] { fs.Folder().DrawIcon(u"C:\\Windows", 0, 0, 0, ICON_16, ICONSTATE_NORMAL); }), 445);
+/// Draws the icon of something into a new buffer. The pixels of the buffer that are not white any more.
+Long iconPixels(FaultRun& run, const std::function<Boolean(Long hdc)>& draw, bool& isDrawn) {
+    const moxOffscreenBuffer buffer{server::create<TRL_OBKR_MOX::_moxOffscreenBuffer>()};
+    buffer.Init(32, 32);
+    isDrawn = static_cast<bool>(draw(buffer.hDC()));
+    Long count = 0;
+    for (Long place = 0; place < 32 * 32; ++place) {
+        const platform::COLORREF color = run.machine()->gdi32.GetPixel(buffer.hDC(), place % 32, place / 32);
+        count += color != 0xFFFFFF && color != platform::CLR_INVALID;
+    }
+    return count;
+}
+
+TEST(FileSystemFaultsTest, DrawIcon) {
+    sweepFaults([](FaultRun& run) {
+        const moxFS fs{server::create<TRL_OBKR_MOX::_moxFS>()};
+        bool isDrawn = false;
+        bool isFound = true;
+        const Long large = iconPixels(
+            run, [&](Long hdc) { return fs.Folder().DrawIcon(u"C", hdc, 0, 0, ICON_32, ICONSTATE_NORMAL); }, isDrawn);
+        const Long little = iconPixels(
+            run, [&](Long hdc) { return fs.File().DrawIcon(u"C:\\Windows", hdc, 4, 4, ICON_16, ICONSTATE_OPEN_SELECTED); },
+            isDrawn);
+        const Long none = iconPixels(
+            run, [&](Long hdc) { return fs.File().DrawIcon(u"C:\\no such file", hdc, 0, 0, ICON_16, ICONSTATE_FOCUS); }, isFound);
+        EXPECT_EQ(none, 0);
+        EXPECT_FALSE(isFound);
+        if (!run.faulted()) {
+            EXPECT_TRUE(isDrawn);
+            EXPECT_GT(large, 200);
+            EXPECT_GT(little, 60);
+            EXPECT_LE(little, 16 * 16);
+        }
+    });
 }
 
 } // namespace

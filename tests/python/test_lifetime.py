@@ -71,7 +71,7 @@ class Lifetime(NoLeaks):
 
     def test_failed_creation_leaves_nothing(self):
         error(mox.create, "moxVars")
-        error(lambda: hub().Drawing)
+        error(lambda: hub().INet)
 
     def test_cycles_are_collected(self):
         cycle = [hub()]
