@@ -31,7 +31,7 @@ Variant invoke(IDispatch* object, DISPID id, WORD flags, DISPPARAMS parameters) 
     Variant result;
     EXCEPINFO exception{};
     const auto status = object->Invoke(id, GUID_NULL, 0, flags, &parameters,
-                                          flags == DISPATCH_PROPERTYGET ? result.out() : nullptr, &exception, nullptr);
+                                       flags == DISPATCH_PROPERTYGET ? result.out() : nullptr, &exception, nullptr);
     if (status == DISP_E_EXCEPTION) {
         raise(exception);
     }

@@ -61,6 +61,10 @@ template <> struct Valid<BSTR> {
     BSTR argument() { return value.get(); }
 };
 
+/// True for the slot whose result is a brush that the caller has to delete.
+template <auto slot> constexpr bool givesBrush = false;
+template <> constexpr bool givesBrush<&TRL_OBKR_MOX::_moxDrawing::raw_CreatePatternBrush> = true;
+
 template <auto slot> struct Caller;
 template <class Interface, class... Arguments, HRESULT (Interface::*slot)(Arguments...)> struct Caller<slot> {
     static constexpr bool takesPlaces = (std::is_pointer_v<Arguments> || ...);
@@ -78,8 +82,8 @@ template <class Interface, class... Arguments, HRESULT (Interface::*slot)(Argume
         const HRESULT status =
             std::apply([&](auto&... valid) { return (static_cast<Interface*>(object)->*slot)(valid.argument()...); }, arguments);
         cleared = true;
-        if constexpr (slot == &TRL_OBKR_MOX::_moxDrawing::raw_CreatePatternBrush) {
-            platform::gdi32().DeleteObject(std::get<sizeof...(Arguments) - 1>(arguments).value); // the caller's
+        if constexpr (givesBrush<slot>) {
+            platform::gdi32().DeleteObject(std::get<sizeof...(Arguments) - 1>(arguments).value);
         }
         if constexpr (hasResult) {
             auto& last = std::get<sizeof...(Arguments) - 1>(arguments).value;

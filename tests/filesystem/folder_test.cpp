@@ -172,10 +172,11 @@ Long iconPixels(FaultRun& run, const std::function<Boolean(Long hdc)>& draw, boo
     const moxOffscreenBuffer buffer{server::create<TRL_OBKR_MOX::_moxOffscreenBuffer>()};
     buffer.Init(32, 32);
     isDrawn = static_cast<bool>(draw(buffer.hDC()));
+    // Not by operations, of which a sweep fails each in turn.
+    const auto context = run.machine()->graphics.context(buffer.hDC());
     Long count = 0;
-    for (Long place = 0; place < 32 * 32; ++place) {
-        const platform::COLORREF color = run.machine()->gdi32.GetPixel(buffer.hDC(), place % 32, place / 32);
-        count += color != 0xFFFFFF && color != platform::CLR_INVALID;
+    for (Long place = 0; context && place < 32 * 32; ++place) {
+        count += context->canvas().pixel({place % 32, place / 32}) != 0xFFFFFF;
     }
     return count;
 }

@@ -62,7 +62,7 @@ std::optional<Window::Look> Window::lookAt(const RECT& place) {
 
 std::shared_ptr<Window> Window::create(const RECT& place, std::u16string title) {
     auto look = lookAt(place);
-    return look ? std::shared_ptr<Window>(new Window(*std::move(look), std::move(title))) : nullptr;
+    return look ? std::make_shared<Window>(Made(), *std::move(look), std::move(title)) : nullptr;
 }
 
 RECT Window::place() const {

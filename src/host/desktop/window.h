@@ -17,7 +17,21 @@ inline constexpr int captionHeight = 26;
 
 /// Its pixels are there whether it can be seen or not.
 class MOX_API Window {
+    /// What changes together.
+    struct Look {
+        RECT place;
+        std::shared_ptr<Bitmap> surface;
+        std::shared_ptr<Bitmap> client;
+    };
+
 public:
+    /// For `create` alone: only it can make one.
+    class Made {
+        friend class Window;
+        Made() = default;
+    };
+    Window(Made, Look look, std::u16string title) : title_(std::move(title)), look_(std::move(look)) {}
+
     /// Null if there is no memory for its pixels. The inside is white at first.
     static std::shared_ptr<Window> create(const RECT& place, std::u16string title);
 
@@ -36,14 +50,6 @@ public:
     std::shared_ptr<Bitmap> client() const;
 
 private:
-    /// What changes together.
-    struct Look {
-        RECT place;
-        std::shared_ptr<Bitmap> surface;
-        std::shared_ptr<Bitmap> client;
-    };
-
-    Window(Look look, std::u16string title) : title_(std::move(title)), look_(std::move(look)) {}
     static std::optional<Look> lookAt(const RECT& place);
 
     const std::u16string title_;

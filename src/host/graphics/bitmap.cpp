@@ -39,7 +39,7 @@ std::shared_ptr<Bitmap> Bitmap::create(BitmapFormat format) {
     }
     // Zeroed pages come from the system untouched, so that a large bitmap costs what is drawn into it.
     std::unique_ptr<std::byte, Free> bytes(static_cast<std::byte*>(std::calloc(size, 1)));
-    return bytes ? std::shared_ptr<Bitmap>(new Bitmap(std::move(format), rowBytes, std::move(bytes))) : nullptr;
+    return bytes ? std::make_shared<Bitmap>(Made(), std::move(format), rowBytes, std::move(bytes)) : nullptr;
 }
 
 std::shared_ptr<Bitmap> Bitmap::create(int width, int height) {
@@ -67,7 +67,7 @@ std::shared_ptr<Bitmap> Bitmap::part(const std::shared_ptr<Bitmap>& whole, const
     BitmapFormat format = whole->format_;
     format.width = area.right - area.left;
     format.height = area.bottom - area.top;
-    std::shared_ptr<Bitmap> result(new Bitmap(std::move(format), whole->rowBytes_, nullptr));
+    auto result = std::make_shared<Bitmap>(Made(), std::move(format), whole->rowBytes_, nullptr);
     result->first_ = reinterpret_cast<std::byte*>(whole->pixels(area.top) + area.left);
     result->whole_ = whole;
     return result;
@@ -81,7 +81,7 @@ std::span<std::byte> Bitmap::bytes() const noexcept {
     return {bytes_.get(), rowBytes_ * rows};
 }
 
-Bitmap::Bitmap(BitmapFormat format, std::size_t rowBytes, std::unique_ptr<std::byte, Free> bytes) noexcept
+Bitmap::Bitmap(Made, BitmapFormat format, std::size_t rowBytes, std::unique_ptr<std::byte, Free> bytes) noexcept
     : format_(std::move(format)), isPlain_(format_.bitsPerPixel == 32 && format_.masks == ChannelMasks()), rowBytes_(rowBytes),
       bytes_(std::move(bytes)),
       stride_(format_.isTopDown ? static_cast<std::ptrdiff_t>(rowBytes) : -static_cast<std::ptrdiff_t>(rowBytes)),

@@ -54,6 +54,16 @@ struct BitmapFormat {
 /// A rectangle of pixels, zeroed at first. Rows are an even number of bytes long, of sections a multiple of 4.
 class MOX_API Bitmap {
 public:
+    struct Free {
+        void operator()(std::byte* bytes) const noexcept;
+    };
+    /// For `create` and `part` alone: only they can make one.
+    class Made {
+        friend class Bitmap;
+        Made() = default;
+    };
+    Bitmap(Made, BitmapFormat format, std::size_t rowBytes, std::unique_ptr<std::byte, Free> bytes) noexcept;
+
     /// Null if there is no memory, for sizes below 1 or of 2 GiB and more, or another number of bits.
     static std::shared_ptr<Bitmap> create(BitmapFormat format);
     /// The usual one, of 32 bits.
@@ -99,12 +109,6 @@ public:
     void write(int x, int y, std::span<const Pixel> pixels) noexcept;
 
 private:
-    struct Free {
-        void operator()(std::byte* bytes) const noexcept;
-    };
-
-    Bitmap(BitmapFormat format, std::size_t rowBytes, std::unique_ptr<std::byte, Free> bytes) noexcept;
-
     BitmapFormat format_;
     bool isPlain_;
     std::size_t rowBytes_;

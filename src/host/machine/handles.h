@@ -21,7 +21,8 @@ namespace mox::host {
 class MOX_API Handles {
 public:
     /// A handle for `thing`, counted under `kind` ("find", "process", "bitmap", ...), a string that stays; an empty one
-    /// is for what belongs to the machine itself, which is not counted. 0 if there is no thing, or if the table is full: `most` handles are open.
+    /// is for what belongs to the machine itself, which is not counted. 0 if there is no thing, or if the table is full: `most`
+    /// handles are open.
     template <class Thing> platform::Handle open(std::string_view kind, std::shared_ptr<Thing> thing) {
         return insert(kind, typeid(Thing), std::move(thing));
     }
