@@ -19,14 +19,14 @@ constexpr std::uint32_t partOf(std::uint8_t coverage) {
     return coverage + (coverage >> 7);
 }
 
-/// The coverage of the channels of a pixel.
+/// The coverage of the channels of a pixel, counted from red.
 struct Grey {
     static constexpr int channels = 1;
     static std::uint8_t of(const std::uint8_t* coverage, int) noexcept { return *coverage; }
 };
 struct Thirds {
-    static constexpr int channels = 3;
-    static std::uint8_t of(const std::uint8_t* coverage, int channel) noexcept { return coverage[channel]; }
+    static constexpr int channels = 4;
+    static std::uint8_t of(const std::uint8_t* coverage, int channel) noexcept { return coverage[2 - channel]; }
 };
 
 /// The fourth byte of the ground stays.
@@ -59,12 +59,25 @@ public:
         }
     }
     void mix(Pixel* target, const std::uint8_t* coverage, Thirds) const noexcept {
-        const auto parts = [&](int pixel) {
-            const std::uint8_t* const own = coverage + static_cast<std::ptrdiff_t>(3) * pixel;
-            return static_cast<long long>(std::uint64_t{partOf(own[0])} << 32 | std::uint64_t{partOf(own[1])} << 16 |
-                                          partOf(own[2]));
-        };
-        mixParts(target, _mm_set_epi64x(parts(1), parts(0)), _mm_set_epi64x(parts(3), parts(2)));
+        const __m128i values = _mm_loadu_si128(reinterpret_cast<const __m128i*>(coverage));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi8(values, _mm_setzero_si128())) == 0xFFFF) {
+            return;
+        }
+        const auto parts = [](__m128i wide) { return _mm_add_epi16(wide, _mm_srli_epi16(wide, 7)); };
+        mixParts(target, parts(_mm_unpacklo_epi8(values, _mm_setzero_si128())),
+                 parts(_mm_unpackhi_epi8(values, _mm_setzero_si128())));
+    }
+
+    /// One pixel, whose coverage is in its own order.
+    void mixOne(Pixel* target, std::uint32_t coverage) const noexcept {
+        if (coverage != 0) {
+            const auto wide = [](std::uint32_t value) {
+                return _mm_unpacklo_epi8(_mm_cvtsi32_si128(static_cast<int>(value)), _mm_setzero_si128());
+            };
+            const __m128i parts = wide(coverage);
+            const __m128i mixed = mixTwo(wide(*target), _mm_add_epi16(parts, _mm_srli_epi16(parts, 7)));
+            *target = static_cast<Pixel>(_mm_cvtsi128_si32(_mm_packus_epi16(mixed, mixed)));
+        }
     }
 
 private:
@@ -91,6 +104,15 @@ template <class Kind> void blendPixels(Pixel* target, const std::uint8_t* covera
     for (; x + 4 <= count; x += 4, coverage += 4 * Kind::channels) {
         four.mix(target + x, coverage, Kind());
     }
+    for (; x < count; ++x, coverage += Kind::channels) {
+        if constexpr (Kind::channels == 1) {
+            four.mixOne(target + x, *coverage * 0x010101U);
+        } else {
+            std::uint32_t own = 0;
+            std::memcpy(&own, coverage, sizeof own);
+            four.mixOne(target + x, own);
+        }
+    }
 #endif
     for (; x < count; ++x, coverage += Kind::channels) {
         target[x] = mixed<Kind>(target[x], color, coverage);
@@ -98,7 +120,7 @@ template <class Kind> void blendPixels(Pixel* target, const std::uint8_t* covera
 }
 
 void blend(Pixel* target, const std::uint8_t* coverage, int channels, int count, Pixel color) {
-    if (channels == 3) {
+    if (channels == Thirds::channels) {
         blendPixels<Thirds>(target, coverage, count, color);
     } else {
         blendPixels<Grey>(target, coverage, count, color);

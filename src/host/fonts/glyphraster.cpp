@@ -51,7 +51,8 @@ bool renderGrey(FT_Library library, FT_Outline& outline, int width, int height, 
     return FT_Outline_Get_Bitmap(library, &outline, &bitmap) == 0;
 }
 
-/// Spreads each third of a pixel over its neighbours, so that stems have no coloured edges.
+/// Spreads each third of a pixel over its neighbours, so that stems have no coloured edges. `width` counts thirds; the first one is
+/// red.
 void filterThirds(std::span<const std::uint8_t> from, int width, std::uint8_t* to) {
     constexpr std::array<int, 5> weights{0x08, 0x4D, 0x56, 0x4D, 0x08};
     const auto count = static_cast<std::ptrdiff_t>(from.size());
@@ -64,8 +65,9 @@ void filterThirds(std::span<const std::uint8_t> from, int width, std::uint8_t* t
                            ? weights[static_cast<std::size_t>(tap)] * from[static_cast<std::size_t>(row + place)]
                            : 0;
             }
-            *to++ = static_cast<std::uint8_t>(std::min(sum / 256, 255));
+            to[x / 3 * 4 + 2 - x % 3] = static_cast<std::uint8_t>(std::min(sum / 256, 255));
         }
+        to += static_cast<std::ptrdiff_t>(width / 3) * 4;
     }
 }
 
@@ -112,14 +114,14 @@ GlyphImage renderGlyph(FT_Library library, FT_Outline& outline, TextQuality qual
                      .top = static_cast<int>(-extent.top),
                      .width = static_cast<int>(width),
                      .height = static_cast<int>(height),
-                     .channels = isSubpixel ? 3 : 1};
+                     .channels = isSubpixel ? 4 : 1};
     image.coverage.resize(static_cast<std::size_t>(width * height * image.channels));
     FT_Outline_Translate(&outline, -extent.left * pixel, -extent.bottom * pixel);
     bool isDone = false;
     if (isSubpixel) {
         const FT_Matrix thirds{3 * 0x10000, 0, 0, 0x10000};
         FT_Outline_Transform(&outline, &thirds);
-        std::vector<std::uint8_t> sharp(image.coverage.size());
+        std::vector<std::uint8_t> sharp(static_cast<std::size_t>(3 * width * height));
         isDone = renderGrey(library, outline, 3 * image.width, image.height, sharp);
         filterThirds(sharp, 3 * image.width, image.coverage.data());
     } else if (quality == TextQuality::plain) {

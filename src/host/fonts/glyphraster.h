@@ -29,7 +29,7 @@ struct GlyphImage {
     int top = 0;
     int width = 0;
     int height = 0;
-    /// Values of a pixel: 1, or 3 for red, green, blue.
+    /// Values of a pixel: 1, or 4 in the order of pixels in memory, for blue, green, red and the fourth byte, which is 0.
     int channels = 1;
     std::vector<std::uint8_t> coverage{};
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace mox::host {
 
@@ -40,6 +41,11 @@ void describeFormat(const BitmapFormat& format, BITMAPINFO& info) {
 
 /// Fills a row with that of the bitmap, and 0 behind it.
 void convertRow(const Bitmap& bitmap, int y, const BitmapFormat& format, std::span<std::byte> row) {
+    const bool isPlain = bitmap.isPlain() && format.bitsPerPixel == 32 && format.masks == ChannelMasks();
+    if (isPlain && bitmap.width() >= format.width) {
+        std::memcpy(row.data(), bitmap.row(y), row.size());
+        return;
+    }
     constexpr int most = 512;
     std::array<Pixel, most> pixels{};
     std::ranges::fill(row, std::byte{0});
