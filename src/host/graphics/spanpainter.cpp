@@ -1,34 +1,13 @@
 #include "host/graphics/spanpainter.h"
 
 #include "host/graphics/rawpixels.h"
+#include "host/graphics/repeats.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 
 namespace mox::host {
-
-namespace {
-
-/// Eight rows of eight bits, the left one highest.
-using HatchBits = std::array<std::uint8_t, 8>;
-
-constexpr std::array<HatchBits, 6> hatches{{
-    {0x00, 0x00, 0x00, 0xFF, 0x00, 0x00, 0x00, 0x00}, // horizontal
-    {0x08, 0x08, 0x08, 0x08, 0x08, 0x08, 0x08, 0x08}, // vertical
-    {0x80, 0x40, 0x20, 0x10, 0x08, 0x04, 0x02, 0x01}, // down to the right
-    {0x01, 0x02, 0x04, 0x08, 0x10, 0x20, 0x40, 0x80}, // up to the right
-    {0x08, 0x08, 0x08, 0xFF, 0x08, 0x08, 0x08, 0x08}, // cross
-    {0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81}, // diagonal cross
-}};
-
-/// The place in a pattern that repeats without end in both directions.
-int placeIn(int coordinate, int origin, int size) noexcept {
-    const auto place = static_cast<int>((std::int64_t{coordinate} - origin) % size);
-    return place < 0 ? place + size : place;
-}
-
-} // namespace
 
 SpanPainter::SpanPainter(Bitmap& target, platform::COLORREF color, std::int32_t rop2) noexcept
     : target_(target), rop2_(rop2), mask_(rawMask(target)) {
@@ -110,8 +89,8 @@ void SpanPainter::runSolid(int y, int x1, int x2) const noexcept {
 }
 
 void SpanPainter::runHatch(int y, int x1, int x2) const noexcept {
-    const HatchBits& hatch = hatches[static_cast<std::size_t>(std::clamp(paint_->brush.hatch, 0, 5))];
-    const unsigned bits = hatch[static_cast<std::size_t>(placeIn(y, paint_->origin.y, 8))];
+    const HatchBits& hatch = hatchBits(paint_->brush.hatch);
+    const unsigned bits = hatch[static_cast<std::size_t>(placeIn(y, paint_->origin.y, hatchSide))];
     std::byte* const row = target_.row(y);
     int place = placeIn(x1, paint_->origin.x, 8);
     for (int x = x1; x < x2; ++x) {

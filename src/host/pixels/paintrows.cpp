@@ -1,40 +1,18 @@
 #include "host/pixels/paintrows.h"
 
+#include "host/graphics/repeats.h"
 #include "host/pixels/blackorwhite.h"
 
 #include <algorithm>
-#include <array>
 
 namespace mox::host {
-
-namespace {
-
-constexpr unsigned side = 8;
-
-/// Rows of the six hatches, the leftmost pixel in bit 7.
-constexpr std::array<std::array<std::uint8_t, side>, 6> hatches{{
-    {0x00, 0x00, 0x00, 0xFF, 0x00, 0x00, 0x00, 0x00},
-    {0x08, 0x08, 0x08, 0x08, 0x08, 0x08, 0x08, 0x08},
-    {0x80, 0x40, 0x20, 0x10, 0x08, 0x04, 0x02, 0x01},
-    {0x01, 0x02, 0x04, 0x08, 0x10, 0x20, 0x40, 0x80},
-    {0x08, 0x08, 0x08, 0xFF, 0x08, 0x08, 0x08, 0x08},
-    {0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81},
-}};
-
-/// From 0 to `size` - 1, for any distance.
-int wrapped(std::int64_t distance, int size) {
-    const auto rest = static_cast<int>(distance % size);
-    return rest < 0 ? rest + size : rest;
-}
-
-} // namespace
 
 PaintRows::PaintRows(const Paint& paint, bool isForMonochrome) : paint_(paint), isForMonochrome_(isForMonochrome) {}
 
 bool PaintRows::isLine(int x, int y) const noexcept {
-    const auto& hatch = hatches[static_cast<std::size_t>(std::clamp(paint_.brush.hatch, 0, 5))];
-    const int column = wrapped(std::int64_t{x} - paint_.origin.x, side);
-    const int row = wrapped(std::int64_t{y} - paint_.origin.y, side);
+    const auto& hatch = hatchBits(paint_.brush.hatch);
+    const int column = placeIn(x, paint_.origin.x, hatchSide);
+    const int row = placeIn(y, paint_.origin.y, hatchSide);
     return (hatch[static_cast<std::size_t>(row)] >> (7 - column) & 1) != 0;
 }
 
@@ -46,7 +24,7 @@ Pixel PaintRows::shown(platform::COLORREF color) const noexcept {
 void PaintRows::readPattern(int y) {
     const Bitmap& pattern = *paint_.brush.pattern;
     pattern_.resize(static_cast<std::size_t>(pattern.width()));
-    pattern.read(0, wrapped(std::int64_t{y} - paint_.origin.y, pattern.height()), pattern_);
+    pattern.read(0, placeIn(y, paint_.origin.y, pattern.height()), pattern_);
     if (pattern.isMonochrome() && !isForMonochrome_) {
         const Pixel colors[] = {toPixel(paint_.textColor), toPixel(paint_.backColor)};
         std::ranges::transform(pattern_, pattern_.begin(), [&](Pixel pixel) { return colors[pixel & 1]; });
@@ -65,7 +43,7 @@ const Pixel* PaintRows::row(int x, int y, std::size_t count) {
         }
     } else if (paint_.brush.style == platform::BS_PATTERN && paint_.brush.pattern) {
         readPattern(y);
-        auto place = static_cast<std::size_t>(wrapped(std::int64_t{x} - paint_.origin.x, paint_.brush.pattern->width()));
+        auto place = static_cast<std::size_t>(placeIn(x, paint_.origin.x, paint_.brush.pattern->width()));
         for (Pixel& pixel : row_) {
             pixel = pattern_[place];
             place = place + 1 == pattern_.size() ? 0 : place + 1;
