@@ -95,7 +95,7 @@ TEST(ControlTest, tellsWhatStandsBehindEachService) {
     for (const json& line : answer.at("services")) {
         texts[line.at("service")] = line.at("text");
     }
-    for (const char* service : {"files", "text", "processes", "runtime", "desktop", "dialogs", "shell"}) {
+    for (const char* service : {"files", "text", "processes", "runtime", "desktop", "graphics", "fonts", "dialogs", "shell"}) {
         EXPECT_TRUE(texts.contains(service)) << service;
         EXPECT_EQ(texts[service].find('\n'), std::string::npos);
     }

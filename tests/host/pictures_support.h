@@ -17,18 +17,7 @@ namespace mox::test {
 
 /// A machine with a thread that may create objects. Objects of a test end before its machine.
 struct PicturesTest : testing::Test {
-    PicturesTest() {
-        client::joinApartment();
-        // Pictures of metafiles are to leave no handle, whoever serves these operations.
-        if (!machine->gdi32.DeleteMetaFile.isServed()) {
-            machine->gdi32.DeleteMetaFile = [this](auto handle) { return machine->handles.close<host::OldMetafile>(handle); };
-        }
-        if (!machine->gdi32.DeleteEnhMetaFile.isServed()) {
-            machine->gdi32.DeleteEnhMetaFile = [this](auto handle) {
-                return machine->handles.close<host::EnhancedMetafile>(handle);
-            };
-        }
-    }
+    PicturesTest() { client::joinApartment(); }
 
     TestMachine machine;
 

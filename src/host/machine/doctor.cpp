@@ -3,9 +3,11 @@
 #include "host/desktop/screen.h"
 #include "host/machine/machine.h"
 
+#include <fontconfig/fontconfig.h>
 #include <unicode/uversion.h>
 
 #include <array>
+#include <set>
 
 namespace mox::host {
 
@@ -34,6 +36,20 @@ std::string runtimeText(const Machine& machine) {
            "; random numbers of the language, one sequence an apartment";
 }
 
+std::string fontsText(Machine& machine) {
+    std::set<std::string> families;
+    for (const FontFile& font : machine.fonts.list("")) {
+        families.insert(font.family);
+    }
+    const int version = FcGetVersion();
+    return std::to_string(families.size()) + " families by fontconfig " + std::to_string(version / 10000) + "." +
+           std::to_string(version / 100 % 100) + "." + std::to_string(version % 100) + ", drawn by FreeType";
+}
+
+std::string graphicsText(const Machine& machine) {
+    return std::string("bitmaps in memory; visual style ") + (machine.config().visualStyle ? "on" : "off");
+}
+
 std::string shellText(const Machine& machine) {
     const std::filesystem::path& trash = machine.config().trash;
     return "content types and default programs of GIO; " +
@@ -50,6 +66,8 @@ std::vector<ServiceReport> examine(Machine& machine) {
         {"processes", "/proc of this system"},
         {"runtime", runtimeText(machine)},
         {"desktop", "in memory, no presenter; " + std::to_string(screenDotsPerInch) + " dots per inch"},
+        {"graphics", graphicsText(machine)},
+        {"fonts", fontsText(machine)},
         {"dialogs", machine.dialogs.presenter() ? "a presenter" : "nobody to ask: declined at once"},
         {"shell", shellText(machine)},
     };
