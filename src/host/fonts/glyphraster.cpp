@@ -51,8 +51,8 @@ bool renderGrey(FT_Library library, FT_Outline& outline, int width, int height, 
     return FT_Outline_Get_Bitmap(library, &outline, &bitmap) == 0;
 }
 
-/// Spreads each third of a pixel over its neighbours, so that stems have no coloured edges. `width` counts thirds; the first one is
-/// red.
+/// Spreads each third of a pixel over its neighbours, so that stems have no coloured edges. `width` counts thirds; the first one
+/// is red.
 void filterThirds(std::span<const std::uint8_t> from, int width, std::uint8_t* to) {
     constexpr std::array<int, 5> weights{0x08, 0x4D, 0x56, 0x4D, 0x08};
     const auto count = static_cast<std::ptrdiff_t>(from.size());
