@@ -8,6 +8,7 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 export MOX_HOME=$scratch/home
 export ASAN_OPTIONS=${ASAN_OPTIONS:-}:detect_leaks=1
+export LSAN_OPTIONS=suppressions=$folder/../cmake/leaks.supp:print_suppressions=0
 
 for target in "$build"/bin/*_fuzz; do
     name=$(basename "$target")
