@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <span>
 
 namespace mox::test {
 
@@ -26,7 +27,7 @@ Picture pictureOf(std::int32_t cx, std::int32_t cy, std::uint16_t bitsPerPixel, 
     Picture picture;
     picture.info.resize(sizeof header + colors.size() * 4);
     std::memcpy(picture.info.data(), &header, sizeof header);
-    std::memcpy(picture.info.data() + sizeof header, colors.data(), colors.size() * 4);
+    std::ranges::copy(std::as_bytes(std::span(colors)), picture.info.begin() + sizeof header);
     for (const int byte : bits) {
         picture.bits.push_back(static_cast<std::byte>(byte));
     }

@@ -187,7 +187,7 @@ TEST_F(MetafilesBrokenTest, unpacksBitmapsOfEveryKind) {
         const BITMAPINFOHEADER header{.biWidth = cx, .biHeight = cy, .biBitCount = bits, .biCompression = compression};
         Bytes bytes(sizeof header + colors.size() * 4);
         std::memcpy(bytes.data(), &header, sizeof header);
-        std::memcpy(bytes.data() + sizeof header, colors.data(), colors.size() * 4);
+        std::ranges::copy(std::as_bytes(std::span(colors)), bytes.begin() + sizeof header);
         return bytes;
     };
     struct Case {
