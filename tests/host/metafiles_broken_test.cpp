@@ -5,9 +5,12 @@
 #include "host/metafiles/oldplayer.h"
 #include "host/metafiles/packeddib.h"
 
+#include <algorithm>
 #include <bit>
+#include <cstring>
 #include <filesystem>
 #include <limits>
+#include <span>
 
 namespace mox::test {
 
