@@ -211,9 +211,9 @@ Layers layersOf(Artwork artwork) {
 } // namespace
 
 std::optional<Icon> drawnIcon(Artwork artwork, platform::SIZE size) {
-    const auto [ground, front] = layersOf(artwork);
-    std::vector<DrawnArea> areas(ground.begin(), ground.end());
-    areas.insert(areas.end(), front.begin(), front.end());
+    const auto [below, above] = layersOf(artwork);
+    std::vector<DrawnArea> areas(below.begin(), below.end());
+    areas.insert(areas.end(), above.begin(), above.end());
     auto image = drawAreas(areas, size.cx, size.cy);
     if (!image) {
         return std::nullopt;

@@ -14,8 +14,6 @@ namespace {
 
 constexpr std::uint32_t oldHeaderSize = 12;
 constexpr std::uint32_t headerSize = 40;
-/// From this size on the header itself holds the masks.
-constexpr std::uint32_t sizeWithMasks = 52;
 constexpr std::uint32_t mostHeaderSize = 1024;
 constexpr std::int32_t mostExtent = 1 << 20;
 
