@@ -214,11 +214,11 @@ std::optional<Icon> drawnIcon(Artwork artwork, platform::SIZE size) {
     const auto [below, above] = layersOf(artwork);
     std::vector<DrawnArea> areas(below.begin(), below.end());
     areas.insert(areas.end(), above.begin(), above.end());
-    auto image = drawAreas(areas, size.cx, size.cy);
-    if (!image) {
+    auto drawn = drawAreas(areas, size.cx, size.cy);
+    if (!drawn) {
         return std::nullopt;
     }
-    return Icon{.image = std::move(image), .hasAlpha = true, .hotspot = {size.cx / 2, size.cy / 2}};
+    return Icon{.image = std::move(drawn), .hasAlpha = true, .hotspot = {size.cx / 2, size.cy / 2}};
 }
 
 } // namespace mox::host
