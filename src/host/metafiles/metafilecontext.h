@@ -11,7 +11,7 @@
 
 namespace mox::host {
 
-struct Dib;
+struct PackedDib;
 
 /// A context whose drawing becomes records. What is chosen and set is recorded when something is drawn with it. Saved states
 /// leave no trace: what they change is recorded as any other change is.

@@ -9,7 +9,7 @@
 namespace mox::host {
 
 struct MetafileContext::Pixels {
-    Dib dib;
+    PackedDib dib;
     /// In the stored part, counted from its top.
     SignedRect area;
 };
@@ -32,7 +32,7 @@ RECT inOrder(const SignedRect& area) {
             place(std::max<std::int64_t>(area.x, right)), place(std::max<std::int64_t>(area.y, bottom))};
 }
 
-void addDib(RecordWriter& record, const Dib& dib, std::uint32_t offset) {
+void addDib(RecordWriter& record, const PackedDib& dib, std::uint32_t offset) {
     record.u32(offset).u32(dib.info.size()).u32(offset + dib.info.size()).u32(dib.bits.size());
 }
 

@@ -223,9 +223,9 @@ template <class Value> void append(std::vector<std::byte>& bytes, const Value& v
 
 } // namespace
 
-Dib writeDib(const Bitmap& bitmap, const platform::RECT& area, platform::COLORREF zero, platform::COLORREF one) {
+PackedDib writeDib(const Bitmap& bitmap, const platform::RECT& area, platform::COLORREF zero, platform::COLORREF one) {
     const int bits = bitmap.bitsPerPixel();
-    Dib dib{{}, {}, area};
+    PackedDib dib{{}, {}, area};
     // Whole bytes.
     dib.area.left -= bits < 8 ? area.left % (8 / bits) : 0;
     const std::int32_t width = dib.area.right - dib.area.left;

@@ -30,13 +30,13 @@ MOX_API std::shared_ptr<Bitmap> readDibRows(std::span<const std::byte> info, std
 std::shared_ptr<Bitmap> toMonochrome(const Bitmap& bitmap);
 
 /// A description with its colours, and rows from the bottom up.
-struct Dib {
+struct PackedDib {
     std::vector<std::byte> info;
     std::vector<std::byte> bits;
     /// The part of the bitmap that it holds, at least what was asked for.
     platform::RECT area;
 };
 /// The pixels of an area that lies in the bitmap, as they are. The colours of a monochrome bitmap are those given.
-MOX_API Dib writeDib(const Bitmap& bitmap, const platform::RECT& area, platform::COLORREF zero, platform::COLORREF one);
+MOX_API PackedDib writeDib(const Bitmap& bitmap, const platform::RECT& area, platform::COLORREF zero, platform::COLORREF one);
 
 } // namespace mox::host

@@ -98,7 +98,7 @@ void RecordedObjects::writeBrush(std::uint32_t place, const Brush& made) {
         return;
     }
     const Bitmap& pattern = *made.pattern;
-    const Dib dib = writeDib(pattern, pattern.bounds(), 0, 0xFFFFFF);
+    const PackedDib dib = writeDib(pattern, pattern.bounds(), 0, 0xFFFFFF);
     RecordWriter record = begin(pattern.isMonochrome() ? EnhancedRecord::createMonoBrush : EnhancedRecord::createDibPatternBrush);
     constexpr std::size_t fieldsEnd = 32;
     record.u32(place).u32(platform::DIB_RGB_COLORS).u32(fieldsEnd).u32(dib.info.size());
