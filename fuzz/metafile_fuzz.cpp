@@ -1,12 +1,12 @@
 // Random metafiles of both styles: played onto a small bitmap and into a recording, whose metafile is whole and is played as
 // well.
+#include "require.h"
+
 #include "host/graphics/rastercanvas.h"
 #include "host/machine/machine.h"
 #include "host/metafiles/enhancedplayer.h"
 #include "host/metafiles/metafilecontext.h"
 #include "host/metafiles/oldplayer.h"
-
-#include <cstdlib>
 
 using namespace mox;
 using namespace mox::host;
@@ -18,12 +18,6 @@ constexpr int height = 32;
 constexpr RECT area{0, 0, width, height};
 /// Beyond this a picture takes time, not luck.
 constexpr std::size_t mostRecorded = std::size_t{1} << 20;
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 class Target {
 public:

@@ -1,11 +1,12 @@
 // Random paths and patterns: none leads out of the folders of the drives, what a search finds can be named, and a short path
 // leads to the same file.
+#include "require.h"
+
 #include "host/files/filesearch.h"
 #include "host/machine/machine.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <fstream>
 #include <string>
 
@@ -13,12 +14,6 @@ using namespace mox::host;
 using namespace mox::platform;
 
 namespace {
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// A machine whose drives hold some of everything; no drive is the root of the disk.
 class World {

@@ -1,4 +1,6 @@
 // Random program files: the version resource is read within bounds, and every value that a block has lies in it.
+#include "require.h"
+
 #include "host/files/peversion.h"
 #include "host/files/versionblock.h"
 #include "host/text/codepage.h"
@@ -6,18 +8,11 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <string>
 
 using namespace mox::host;
 
 namespace {
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 void checkBlock(const std::string& block) {
     for (const char* path : {"\\", "\\VarFileInfo\\Translation", "\\StringFileInfo\\040904E4\\CompanyName", "\\StringFileInfo"}) {

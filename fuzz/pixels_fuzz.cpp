@@ -1,21 +1,16 @@
 // Random headers of pixels, and random copies between what they describe: no header, place or extent leads out of the pixels.
+#include "require.h"
+
 #include "host/machine/machine.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <cstring>
 
 using namespace mox::host;
 using namespace mox::platform;
 
 namespace {
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// Numbers from the input, 0 behind its end.
 class Input {

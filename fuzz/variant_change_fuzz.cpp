@@ -1,10 +1,11 @@
 // Random values through every conversion: nothing crashes or leaks, a failure changes nothing, a conversion in place gives
 // the same as one elsewhere, and what has to come back from its text does.
+#include "require.h"
+
 #include <mox/values.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <optional>
 
@@ -44,12 +45,6 @@ constexpr Type types[] = {
     {VT_DISPATCH, 0},
     {VT_UNKNOWN, 0},
 };
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// The first byte chooses the type, the others are the value.
 Variant readValue(const std::uint8_t* data, std::size_t size) {

@@ -1,6 +1,8 @@
 // Image files put together by hand.
 #pragma once
 
+#include "host/pictures/imagefile.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -101,6 +103,16 @@ inline Bytes wmfOf() {
 }
 inline Bytes placeableWmfOf(unsigned right, unsigned bottom, unsigned perInch) {
     return FileMaker().u32({0x9AC6CDD7}).u16({0, 0, 0, right, bottom, perInch, 0, 0, 0}).add(wmfOf()).bytes();
+}
+
+/// True if a file is told to be no image.
+inline bool isRefused(std::span<const std::byte> file) {
+    try {
+        host::readImage(file);
+        return false;
+    } catch (const host::ImageError&) {
+        return true;
+    }
 }
 
 } // namespace mox::test

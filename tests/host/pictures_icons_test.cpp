@@ -116,15 +116,6 @@ TEST(IconFiles, ofCursorsKnowTheirHotSpot) {
     EXPECT_EQ(host::readIconFile(host::writeIconFile(cursor)).hotspot, (platform::POINT{1, 7}));
 }
 
-bool isRefused(std::span<const std::byte> file) {
-    try {
-        host::readImage(file);
-        return false;
-    } catch (const ImageError&) {
-        return true;
-    }
-}
-
 TEST(IconFiles, cutAnywhereAreRefused) {
     for (const auto& [name, dib, first] : iconImages()) {
         const Bytes file = icoOf(1, {{2, 1, 0, dib}});

@@ -35,15 +35,6 @@ Bytes gifOf(unsigned width, unsigned height, int transparent = -1, unsigned pict
     return file.bytes();
 }
 
-bool isRefused(std::span<const std::byte> file) {
-    try {
-        host::readImage(file);
-        return false;
-    } catch (const ImageError&) {
-        return true;
-    }
-}
-
 Pixel distanceOf(Pixel one, Pixel other) {
     Pixel most = 0;
     for (int shift = 0; shift < 24; shift += 8) {

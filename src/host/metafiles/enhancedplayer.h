@@ -48,12 +48,9 @@ private:
     static Handler handlerOf(std::uint32_t type);
 
     bool setMapMode(RecordReader& record);
-    bool setWindowOrigin(RecordReader& record);
-    bool setWindowExtent(RecordReader& record);
-    bool setViewportOrigin(RecordReader& record);
-    bool setViewportExtent(RecordReader& record);
-    bool scaleWindow(RecordReader& record);
-    bool scaleViewport(RecordReader& record);
+    template <auto Member> bool setOrigin(RecordReader& record);
+    template <auto Member> bool setExtent(RecordReader& record);
+    template <auto Member> bool scale(RecordReader& record);
     bool setWorld(RecordReader& record);
     bool modifyWorld(RecordReader& record);
     template <auto Field, std::int32_t Least, std::int32_t Most> bool setMode(RecordReader& record);
@@ -130,8 +127,6 @@ private:
 
     template <bool IsWide> bool extTextOut(RecordReader& record);
     bool smallTextOut(RecordReader& record);
-
-    void changeMapping(const Mapping& mapping) { stage_.setMapping(mapping); }
 
     const CodePage& codePage_;
     Stage stage_;

@@ -3,7 +3,6 @@
 #include "host/pixels/rasteroperation.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace mox::host {
 
@@ -16,14 +15,9 @@ SignedRect readOldArea(RecordReader& record) {
     return {place.x, place.y, extent.x, extent.y};
 }
 
-/// Rows of a bitmap that is stored from the bottom up are counted from the bottom.
-SignedRect fromTop(const SignedRect& area, const Bitmap& bitmap) {
-    if (bitmap.isTopDown()) {
-        return area;
-    }
-    const std::int32_t height = std::abs(area.cy);
-    const std::int32_t top = bitmap.height() - area.y - height;
-    return {area.x, area.cy < 0 ? top + height : top, area.cx, area.cy};
+/// The bitmap that the rest of the record holds.
+template <bool IsDib> std::shared_ptr<Bitmap> readSource(RecordReader& record) {
+    return IsDib ? readPackedDib(record.take(record.left())) : readOldBitmap(record, 0);
 }
 
 } // namespace
@@ -74,10 +68,7 @@ template <bool IsDib> bool OldPlayer::bitBlt(RecordReader& record) {
     const POINT from = readOldPoint(record);
     record.skip(hasBitmap ? 0 : 2);
     const SignedRect target = readOldArea(record);
-    std::shared_ptr<Bitmap> source;
-    if (hasBitmap) {
-        source = IsDib ? readPackedDib(record.take(record.left())) : readOldBitmap(record, 0);
-    }
+    const auto source = hasBitmap ? readSource<IsDib>(record) : nullptr;
     return copyBitmap(target, source, {from.x, from.y, target.cx, target.cy}, rop);
 }
 
@@ -88,10 +79,7 @@ template <bool IsDib> bool OldPlayer::stretchBlt(RecordReader& record) {
     const SignedRect from = readOldArea(record);
     record.skip(hasBitmap ? 0 : 2);
     const SignedRect target = readOldArea(record);
-    std::shared_ptr<Bitmap> source;
-    if (hasBitmap) {
-        source = IsDib ? readPackedDib(record.take(record.left())) : readOldBitmap(record, 0);
-    }
+    const auto source = hasBitmap ? readSource<IsDib>(record) : nullptr;
     return copyBitmap(target, source, from, rop);
 }
 

@@ -2,40 +2,22 @@
 
 namespace mox::host {
 
-namespace {
-
-constexpr std::uint16_t winding = 2;
-
-} // namespace
-
 bool OldPlayer::setMapMode(RecordReader& record) {
-    Mapping mapping = stage_.mapping();
-    const bool isKnown = mapping.setMode(record.u16());
-    stage_.setMapping(mapping);
-    return isKnown;
+    return stage_.changeMapping([&](Mapping& mapping) { return mapping.setMode(record.u16()); });
 }
 
 template <auto Member> bool OldPlayer::setOrigin(RecordReader& record) {
-    Mapping mapping = stage_.mapping();
-    (mapping.*Member)(readOldPoint(record));
-    stage_.setMapping(mapping);
-    return true;
+    return stage_.changeMapping([&](Mapping& mapping) { (mapping.*Member)(readOldPoint(record)); });
 }
 
 template <auto Member> bool OldPlayer::setExtent(RecordReader& record) {
     const POINT extent = readOldPoint(record);
-    Mapping mapping = stage_.mapping();
-    (mapping.*Member)({extent.x, extent.y});
-    stage_.setMapping(mapping);
-    return true;
+    return stage_.changeMapping([&](Mapping& mapping) { (mapping.*Member)({extent.x, extent.y}); });
 }
 
 template <auto Member> bool OldPlayer::move(RecordReader& record) {
     const POINT distance = readOldPoint(record);
-    Mapping mapping = stage_.mapping();
-    (mapping.*Member)(distance.x, distance.y);
-    stage_.setMapping(mapping);
-    return true;
+    return stage_.changeMapping([&](Mapping& mapping) { (mapping.*Member)(distance.x, distance.y); });
 }
 
 template <auto Member> bool OldPlayer::scale(RecordReader& record) {
@@ -43,19 +25,13 @@ template <auto Member> bool OldPlayer::scale(RecordReader& record) {
     const std::int32_t numeratorY = record.i16();
     const std::int32_t denominatorX = record.i16();
     const std::int32_t numeratorX = record.i16();
-    Mapping mapping = stage_.mapping();
-    const bool isScaled = (mapping.*Member)({numeratorX, numeratorY}, {denominatorX, denominatorY});
-    stage_.setMapping(mapping);
-    return isScaled;
+    return stage_.changeMapping([&](Mapping& mapping) {
+        return (mapping.*Member)({numeratorX, numeratorY}, {denominatorX, denominatorY});
+    });
 }
 
 template <auto Field, std::int32_t Least, std::int32_t Most> bool OldPlayer::setMode(RecordReader& record) {
-    const std::int32_t mode = record.u16();
-    const bool isKnown = mode >= Least && mode <= Most;
-    if (isKnown) {
-        stage_.state().*Field = mode;
-    }
-    return isKnown;
+    return stage_.setMode<Field, Least, Most>(record.u16());
 }
 
 template <auto Field> bool OldPlayer::setColor(RecordReader& record) {
@@ -64,7 +40,7 @@ template <auto Field> bool OldPlayer::setColor(RecordReader& record) {
 }
 
 bool OldPlayer::setFillRule(RecordReader& record) {
-    stage_.state().fillRule = record.u16() == winding ? FillRule::winding : FillRule::alternate;
+    stage_.setFillRule(record.u16());
     return true;
 }
 

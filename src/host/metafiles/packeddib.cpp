@@ -255,4 +255,13 @@ PackedDib writeDib(const Bitmap& bitmap, const platform::RECT& area, platform::C
     return dib;
 }
 
+SignedRect fromTop(const SignedRect& area, const Bitmap& bitmap) {
+    if (bitmap.isTopDown()) {
+        return area;
+    }
+    const std::int32_t height = std::abs(area.cy);
+    const std::int32_t top = bitmap.height() - area.y - height;
+    return {area.x, area.cy < 0 ? top + height : top, area.cx, area.cy};
+}
+
 } // namespace mox::host

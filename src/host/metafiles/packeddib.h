@@ -3,7 +3,7 @@
 
 #include "automation/objects/export.h"
 
-#include "host/graphics/bitmap.h"
+#include "host/graphics/canvas.h"
 
 #include <cstddef>
 #include <memory>
@@ -26,6 +26,8 @@ MOX_API std::shared_ptr<Bitmap> readPackedDib(std::span<const std::byte> dib, bo
 /// A bitmap of the first rows in `bits` alone, which need not hold more.
 MOX_API std::shared_ptr<Bitmap> readDibRows(std::span<const std::byte> info, std::span<const std::byte> bits,
                                             std::uint32_t rowCount, bool usesPalette = false);
+/// A rectangle of a bitmap as it is from the top; records count the rows of one that is stored from the bottom up from there.
+SignedRect fromTop(const SignedRect& area, const Bitmap& bitmap);
 /// The same pixels in a bitmap without colours: 1 for what is nearer to white. Null if there is no memory.
 std::shared_ptr<Bitmap> toMonochrome(const Bitmap& bitmap);
 

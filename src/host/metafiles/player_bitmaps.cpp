@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
+#include <utility>
 
 namespace mox::host {
 
@@ -31,14 +31,10 @@ SignedRect placed(const SignedRect& area, const Transform& transform) {
     return {whole(first.x), whole(first.y), whole(second.x) - whole(first.x), whole(second.y) - whole(first.y)};
 }
 
-/// A rectangle of a bitmap whose rows from the bottom up are counted from the bottom, as it is from the top.
-SignedRect fromTop(const SignedRect& area, const Bitmap& bitmap) {
-    if (bitmap.isTopDown()) {
-        return area;
-    }
-    const std::int32_t height = std::abs(area.cy);
-    const std::int32_t top = bitmap.height() - area.y - height;
-    return {area.x, area.cy < 0 ? top + height : top, area.cx, area.cy};
+/// A memory context with the bitmap, as that of `like`.
+DeviceContext contextOf(std::shared_ptr<Bitmap> bitmap, const DeviceContext& like) {
+    return DeviceContext(like.graphics(), DeviceContext::Kind::memory, like.sharedDevice(),
+                         std::make_shared<RasterCanvas>(std::move(bitmap)));
 }
 
 } // namespace
@@ -159,8 +155,7 @@ bool EnhancedPlayer::alphaBlend(RecordReader& record) {
         return false;
     }
     DeviceContext& context = stage_.target();
-    const DeviceContext memory(context.graphics(), DeviceContext::Kind::memory, context.sharedDevice(),
-                               std::make_shared<RasterCanvas>(source.bitmap));
+    const DeviceContext memory = contextOf(source.bitmap, context);
     return context.alphaBlend(target, memory, placed({from.x, from.y, extent.cx, extent.cy}, source.transform), blend);
 }
 
@@ -175,8 +170,7 @@ bool EnhancedPlayer::transparentBlt(RecordReader& record) {
         return false;
     }
     DeviceContext& context = stage_.target();
-    const DeviceContext memory(context.graphics(), DeviceContext::Kind::memory, context.sharedDevice(),
-                               std::make_shared<RasterCanvas>(source.bitmap));
+    const DeviceContext memory = contextOf(source.bitmap, context);
     return context.transparentBlt(target, memory, placed({from.x, from.y, extent.cx, extent.cy}, source.transform), transparent);
 }
 

@@ -8,85 +8,38 @@ namespace mox::host {
 namespace {
 
 constexpr std::uint32_t clockwise = 2;
-constexpr std::uint32_t winding = 2;
 
 } // namespace
 
 bool EnhancedPlayer::setMapMode(RecordReader& record) {
-    Mapping mapping = stage_.mapping();
-    const bool isKnown = mapping.setMode(record.i32());
-    changeMapping(mapping);
-    return isKnown;
+    return stage_.changeMapping([&](Mapping& mapping) { return mapping.setMode(record.i32()); });
 }
 
-bool EnhancedPlayer::setWindowOrigin(RecordReader& record) {
-    Mapping mapping = stage_.mapping();
-    mapping.setWindowOrigin(record.point());
-    changeMapping(mapping);
-    return true;
+template <auto Member> bool EnhancedPlayer::setOrigin(RecordReader& record) {
+    return stage_.changeMapping([&](Mapping& mapping) { (mapping.*Member)(record.point()); });
 }
 
-bool EnhancedPlayer::setWindowExtent(RecordReader& record) {
-    Mapping mapping = stage_.mapping();
-    mapping.setWindowExtent(record.size32());
-    changeMapping(mapping);
-    return true;
+template <auto Member> bool EnhancedPlayer::setExtent(RecordReader& record) {
+    return stage_.changeMapping([&](Mapping& mapping) { (mapping.*Member)(record.size32()); });
 }
 
-bool EnhancedPlayer::setViewportOrigin(RecordReader& record) {
-    Mapping mapping = stage_.mapping();
-    mapping.setViewportOrigin(record.point());
-    changeMapping(mapping);
-    return true;
-}
-
-bool EnhancedPlayer::setViewportExtent(RecordReader& record) {
-    Mapping mapping = stage_.mapping();
-    mapping.setViewportExtent(record.size32());
-    changeMapping(mapping);
-    return true;
-}
-
-bool EnhancedPlayer::scaleWindow(RecordReader& record) {
+template <auto Member> bool EnhancedPlayer::scale(RecordReader& record) {
     const POINT x = record.point();
     const POINT y = record.point();
-    Mapping mapping = stage_.mapping();
-    const bool isScaled = mapping.scaleWindow({x.x, y.x}, {x.y, y.y});
-    changeMapping(mapping);
-    return isScaled;
-}
-
-bool EnhancedPlayer::scaleViewport(RecordReader& record) {
-    const POINT x = record.point();
-    const POINT y = record.point();
-    Mapping mapping = stage_.mapping();
-    const bool isScaled = mapping.scaleViewport({x.x, y.x}, {x.y, y.y});
-    changeMapping(mapping);
-    return isScaled;
+    return stage_.changeMapping([&](Mapping& mapping) { return (mapping.*Member)({x.x, y.x}, {x.y, y.y}); });
 }
 
 bool EnhancedPlayer::setWorld(RecordReader& record) {
-    Mapping mapping = stage_.mapping();
-    mapping.setWorld(record.transform());
-    changeMapping(mapping);
-    return true;
+    return stage_.changeMapping([&](Mapping& mapping) { mapping.setWorld(record.transform()); });
 }
 
 bool EnhancedPlayer::modifyWorld(RecordReader& record) {
     const Transform world = record.transform();
-    Mapping mapping = stage_.mapping();
-    const bool isKnown = mapping.modifyWorld(world, record.u32());
-    changeMapping(mapping);
-    return isKnown;
+    return stage_.changeMapping([&](Mapping& mapping) { return mapping.modifyWorld(world, record.u32()); });
 }
 
 template <auto Field, std::int32_t Least, std::int32_t Most> bool EnhancedPlayer::setMode(RecordReader& record) {
-    const std::int32_t mode = record.i32();
-    const bool isKnown = mode >= Least && mode <= Most;
-    if (isKnown) {
-        stage_.state().*Field = mode;
-    }
-    return isKnown;
+    return stage_.setMode<Field, Least, Most>(record.i32());
 }
 
 template <auto Field> bool EnhancedPlayer::setColor(RecordReader& record) {
@@ -95,7 +48,7 @@ template <auto Field> bool EnhancedPlayer::setColor(RecordReader& record) {
 }
 
 bool EnhancedPlayer::setFillRule(RecordReader& record) {
-    stage_.state().fillRule = record.u32() == winding ? FillRule::winding : FillRule::alternate;
+    stage_.setFillRule(record.u32());
     return true;
 }
 
@@ -139,12 +92,12 @@ std::span<const EnhancedPlayer::Entry> EnhancedPlayer::stateRecords() {
     using State = DeviceState;
     static const Entry entries[]{
         {Type::setMapMode, &Player::setMapMode},
-        {Type::setWindowOrg, &Player::setWindowOrigin},
-        {Type::setWindowExt, &Player::setWindowExtent},
-        {Type::setViewportOrg, &Player::setViewportOrigin},
-        {Type::setViewportExt, &Player::setViewportExtent},
-        {Type::scaleWindowExt, &Player::scaleWindow},
-        {Type::scaleViewportExt, &Player::scaleViewport},
+        {Type::setWindowOrg, &Player::setOrigin<&Mapping::setWindowOrigin>},
+        {Type::setWindowExt, &Player::setExtent<&Mapping::setWindowExtent>},
+        {Type::setViewportOrg, &Player::setOrigin<&Mapping::setViewportOrigin>},
+        {Type::setViewportExt, &Player::setExtent<&Mapping::setViewportExtent>},
+        {Type::scaleWindowExt, &Player::scale<&Mapping::scaleWindow>},
+        {Type::scaleViewportExt, &Player::scale<&Mapping::scaleViewport>},
         {Type::setWorldTransform, &Player::setWorld},
         {Type::modifyWorldTransform, &Player::modifyWorld},
         {Type::setBkMode, &Player::setMode<&State::bkMode, platform::TRANSPARENT, platform::OPAQUE>},

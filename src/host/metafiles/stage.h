@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <span>
+#include <type_traits>
 #include <vector>
 
 namespace mox::host {
@@ -30,8 +31,35 @@ public:
     const Mapping& mapping() const noexcept { return mapping_; }
     /// Throws `BrokenRecord` for one that leads out of all bounds.
     void setMapping(const Mapping& mapping);
+    /// Lets `change` work on the mapping. Its answer; true if it gives none.
+    template <class Change> bool changeMapping(Change&& change) {
+        Mapping mapping = mapping_;
+        bool isDone = true;
+        if constexpr (std::is_void_v<decltype(change(mapping))>) {
+            change(mapping);
+        } else {
+            isDone = change(mapping);
+        }
+        setMapping(mapping);
+        return isDone;
+    }
     /// From units of the reference device to pixels of the context.
     const Transform& base() const noexcept { return base_; }
+
+    // ---- modes
+
+    /// False, and nothing is changed, for a number that is no such mode.
+    template <auto Field, std::int32_t Least, std::int32_t Most> bool setMode(std::int32_t mode) {
+        const bool isKnown = mode >= Least && mode <= Most;
+        if (isKnown) {
+            state().*Field = mode;
+        }
+        return isKnown;
+    }
+    void setFillRule(std::uint32_t mode) noexcept {
+        constexpr std::uint32_t winding = 2;
+        state().fillRule = mode == winding ? FillRule::winding : FillRule::alternate;
+    }
 
     // ---- saved states
 

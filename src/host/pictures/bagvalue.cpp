@@ -1,5 +1,7 @@
 #include "host/pictures/bagvalue.h"
 
+#include "automation/types/safearray.h"
+#include "automation/types/varianttypes.h"
 #include "host/machine/machine.h"
 #include "host/pictures/StdFont.h"
 #include "host/pictures/createpicture.h"
@@ -27,35 +29,8 @@ constexpr std::size_t fontBytes = 13;
 
 /// Bytes of the types that are nothing but a number; none for others.
 std::optional<std::size_t> sizeOfPlain(VARTYPE type) {
-    switch (type) {
-    case VT_EMPTY:
-    case VT_NULL:
-        return 0;
-    case VT_I1:
-    case VT_UI1:
-        return 1;
-    case VT_I2:
-    case VT_UI2:
-    case VT_BOOL:
-        return 2;
-    case VT_I4:
-    case VT_UI4:
-    case VT_INT:
-    case VT_UINT:
-    case VT_R4:
-    case VT_ERROR:
-        return 4;
-    case VT_R8:
-    case VT_CY:
-    case VT_DATE:
-    case VT_I8:
-    case VT_UI8:
-        return 8;
-    case VT_DECIMAL:
-        return sizeof(DECIMAL);
-    default:
-        return std::nullopt;
-    }
+    using namespace automation;
+    return plainTypes.contains(type) ? std::optional<std::size_t>(elementSize(type)) : std::nullopt;
 }
 
 bool isObject(VARTYPE type) {
