@@ -1,8 +1,8 @@
 // The colours of the system, of its visual style, and of the task pane that the style draws.
 #include "drawing/moxColors.h"
 
-#include "core/classes.h"
 #include "core/systemage.h"
+#include "drawing/buffers.h"
 
 #include "platform/gdi32.h"
 #include "platform/user32.h"
@@ -100,12 +100,7 @@ Long knownIndex(Long id) {
 /// A white buffer in which a part of the style is measured.
 class Sample {
 public:
-    explicit Sample(SIZE size) : size_(size) {
-        constexpr Long white = 0xFFFFFF;
-        Boolean isReady = False;
-        succeed(buffer_->raw_Init(size.cx, size.cy, white, &isReady));
-        succeed(buffer_->raw_get_hDC(&hdc_));
-    }
+    explicit Sample(SIZE size) : size_(size), buffer_(newBuffer(size.cx, size.cy)), hdc_(contextOf(*buffer_)) {}
 
     /// Draws the part, ends the theme, and reads a pixel.
     Long drawn(Handle theme, const TaskPaneColor& color, POINT point) const {
@@ -117,8 +112,8 @@ public:
 
 private:
     const SIZE size_;
-    const Ref<_moxOffscreenBuffer> buffer_ = create<_moxOffscreenBuffer>();
-    Long hdc_ = 0;
+    const Ref<_moxOffscreenBuffer> buffer_;
+    const Handle hdc_;
 };
 
 Long measuredColor(Long id) {

@@ -3,6 +3,7 @@
 #include "automation/objects/errormodes.h"
 #include "core/classes.h"
 #include "core/release.h"
+#include "drawing/buffers.h"
 #include "drawing/color.h"
 #include "drawing/modDrawing.h"
 #include "drawing/pictureproperties.h"
@@ -70,9 +71,8 @@ Long moxDrawing::CreatePatternBrush(Long& ColorA, Long& ColorB, Long szPattern) 
         const Long side = square * squares;
         Ref<IPictureDisp> picture;
         {
-            const auto buffer = CreateOffscreenBuffer(side, side, ColorA);
-            Long hdc = 0;
-            succeed(buffer->raw_get_hDC(&hdc));
+            const auto buffer = newBuffer(side, side, ColorA);
+            const Handle hdc = contextOf(*buffer);
             for (Long r = 0; r < squares; ++r) {
                 for (Long c = 0; c < squares; ++c) {
                     if (r % 2 != c % 2) {

@@ -2,8 +2,8 @@
 #include "drawing/moxDrawing.h"
 
 #include "automation/objects/errormodes.h"
-#include "core/classes.h"
 #include "core/statement.h"
+#include "drawing/buffers.h"
 #include "drawing/modDrawing.h"
 
 #include "platform/runtime.h"
@@ -80,10 +80,7 @@ Size moxDrawing::PictureGetSize(IPictureDisp* objPicture) {
 }
 
 Ref<_moxOffscreenBuffer> moxDrawing::CreateOffscreenBuffer(Long CX, Long CY, OLE_COLOR BackColor) {
-    auto buffer = create<_moxOffscreenBuffer>();
-    Boolean isReady = False;
-    succeed(buffer->raw_Init(CX, CY, BackColor, &isReady));
-    return buffer;
+    return newBuffer(CX, CY, BackColor);
 }
 
 } // namespace mox::server

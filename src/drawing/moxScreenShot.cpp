@@ -1,6 +1,6 @@
 #include "drawing/moxScreenShot.h"
 
-#include "core/classes.h"
+#include "drawing/buffers.h"
 #include "drawing/modDrawing.h"
 
 #include "platform/gdi32.h"
@@ -9,24 +9,6 @@
 namespace mox::server {
 
 using namespace platform;
-
-namespace {
-
-Ref<_moxOffscreenBuffer> newBuffer(Long cx, Long cy) {
-    constexpr Long white = 0xFFFFFF;
-    auto buffer = create<_moxOffscreenBuffer>();
-    Boolean isReady = False;
-    succeed(buffer->raw_Init(cx, cy, white, &isReady));
-    return buffer;
-}
-
-Handle contextOf(_moxOffscreenBuffer& buffer) {
-    Long hdc = 0;
-    succeed(buffer.raw_get_hDC(&hdc));
-    return hdc;
-}
-
-} // namespace
 
 Ref<_moxOffscreenBuffer> moxScreenShot::OffscreenBufferFromDesktop(Long X, Long Y, Long CX, Long CY) {
     const auto buffer = newBuffer(CX, CY);
